@@ -1,0 +1,31 @@
+// The job of GraphBuilder is to make a form with the graph of the chosen columns.
+#pragma once
+
+#include <memory>
+#include <optional>
+#include <string>
+
+#include "graph/KxGraph2D.h"
+#include "host/Form.h"
+#include "plotkit/ColumnChoice.h"
+#include "plotkit/Options.h"
+
+namespace plotkit {
+
+struct TPlot
+{
+    std::unique_ptr<TForm> Form;
+    TKx2DGraph* Graph = nullptr;  ///< owned by the form
+    /// What the caption of a date axis starts with, when the program makes it.
+    std::optional<std::string> DateName;
+};
+
+/// A form of the options' size, filled by one graph with a data series per ordinate. The vectors of the series are
+/// their own; their arrays are those of the columns, not copied. EConvertError naming the option: a logarithmic scale
+/// where no value is positive.
+TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);
+
+/// Points up to which symbols are drawn unless the options say otherwise.
+inline constexpr std::size_t MostPointsWithSymbols = 200;
+
+}  // namespace plotkit

@@ -1,0 +1,159 @@
+#include "plotkit/Options.h"
+
+#include <CLI/CLI.hpp>
+#include <array>
+
+#include "host/Errors.h"
+#include "host/NumberFormat.h"
+#include "host/StringList.h"
+
+namespace plotkit {
+namespace {
+
+constexpr std::array<std::string_view, 4> ScaleNames{"linear", "log", "logee", "time"};
+// What a raster picture may have: QPainter counts its coordinates with 16 bits.
+constexpr long long MaxPixels = 32767;
+constexpr long long MaxArea = 200'000'000;
+
+/// What the command line holds before it is understood.
+struct TTexts
+{
+    std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi;
+    bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
+};
+
+[[noreturn]] void Fail(const std::string& option, const std::string& what)
+{
+    throw EConvertError(option + ": " + what);
+}
+
+TScaleChoice ScaleOf(const std::string& option, const std::string& text)
+{
+    for (std::size_t i = 0; i < ScaleNames.size(); ++i)
+        if (SameText(ScaleNames[i], text))
+            return static_cast<TScaleChoice>(scLinear + static_cast<int>(i));
+    Fail(option, "\"" + text + "\" is no scale; there are linear, log, logee and time");
+}
+
+long long IntegerOf(const std::string& text, const std::string& option, const std::string& what)
+{
+    const auto value = ParseInteger(text);
+    if (!value)
+        Fail(option, what);
+    return *value;
+}
+
+void ReadSize(const TTexts& texts, TOptions& options)
+{
+    const std::string badSize =
+        "\"" + texts.Size + "\" is no size; write it as WIDTHxHEIGHT in 1/96 inch, such as 800x600, from 16 to 32767";
+    if (!texts.Size.empty()) {
+        const std::size_t x = texts.Size.find_first_of("xX");
+        if (x == std::string::npos)
+            Fail("--size", badSize);
+        const long long width = IntegerOf(texts.Size.substr(0, x), "--size", badSize);
+        const long long height = IntegerOf(texts.Size.substr(x + 1), "--size", badSize);
+        if (std::min(width, height) < 16 || std::max(width, height) > MaxPixels)
+            Fail("--size", badSize);
+        options.Width = static_cast<int>(width);
+        options.Height = static_cast<int>(height);
+    }
+    if (!texts.Dpi.empty()) {
+        const std::string badDpi = "\"" + texts.Dpi + "\" is no resolution; it is a number from 10 to 4800";
+        const long long dpi = IntegerOf(texts.Dpi, "--dpi", badDpi);
+        if (dpi < 10 || dpi > 4800)
+            Fail("--dpi", badDpi);
+        options.Dpi = static_cast<int>(dpi);
+    }
+    const long long width = (1LL * options.Width * options.Dpi + 95) / 96;
+    const long long height = (1LL * options.Height * options.Dpi + 95) / 96;
+    if (std::max(width, height) > MaxPixels || width * height > MaxArea)
+        Fail("--size and --dpi",
+             "a picture of " + std::to_string(width) + " x " + std::to_string(height) + " pixels is too large");
+}
+
+void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
+{
+    app.add_option("FILE", options.File, "The data: comma-separated text, the first line names the columns")
+        ->required();
+    app.add_option("--x", texts.X, "Column of the abscissae, by name or by number from 1");
+    app.add_option("--y", options.Ys, "Columns of the ordinates, separated by commas; may be repeated")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("COLUMN[,COLUMN...]");
+    app.add_option("--x-scale", texts.XScale, "linear, log, logee or time");
+    app.add_option("--y-scale", texts.YScale, "linear, log, logee or time");
+    app.add_option("--title", texts.Title, "Title; \\b bold, \\i italic, \\+ superscript, \\- subscript, \\s symbols");
+    app.add_option("--x-caption", texts.XCaption, "Caption of the X axis, with the codes of a title");
+    app.add_option("--y-caption", texts.YCaption, "Caption of the Y axis, with the codes of a title");
+    app.add_option("--size", texts.Size, "Size in 1/96 inch (800x600)")->type_name("WxH");
+    auto* points = app.add_flag("--points", texts.Points, "Draw a symbol at every point, however many there are");
+    app.add_flag("--no-points", texts.NoPoints, "Draw no symbols")->excludes(points);
+    app.add_flag("--no-line", texts.NoLine, "Draw no line between the points");
+    auto* grid = app.add_flag("--grid", texts.Grid, "Draw grid lines at the minor ticks too");
+    app.add_flag("--no-grid", texts.NoGrid, "Draw no grid lines")->excludes(grid);
+}
+
+void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
+{
+    const auto given = [&](const char* name, const std::string& text) {
+        return command.count(name) ? std::optional(text) : std::nullopt;
+    };
+    options.X = given("--x", texts.X);
+    options.Title = given("--title", texts.Title);
+    options.XCaption = given("--x-caption", texts.XCaption);
+    options.YCaption = given("--y-caption", texts.YCaption);
+    if (command.count("--x-scale"))
+        options.XScale = ScaleOf("--x-scale", texts.XScale);
+    if (command.count("--y-scale"))
+        options.YScale = ScaleOf("--y-scale", texts.YScale);
+    options.Points = texts.Points ? ooOn : texts.NoPoints ? ooOff : ooAuto;
+    options.Line = !texts.NoLine;
+    options.Grid = !texts.NoGrid;
+    options.MinorGrid = texts.Grid;
+    if (!options.Line && options.Points == ooOff)
+        Fail("--no-line", "with --no-points nothing would be drawn");
+    ReadSize(texts, options);
+    if (options.Command != pcRender)
+        return;
+    if (options.Output.empty())
+        Fail("--output", "name the picture to be written, such as -o graph.png");
+    if (options.Output.size() < 4 || !SameText(options.Output.substr(options.Output.size() - 4), ".png"))
+        Fail("--output", "\"" + options.Output + "\" does not end in .png, and PNG is what is written");
+}
+
+}  // namespace
+
+TOptions ParseOptions(int count, const char* const* arguments)
+{
+    TOptions options;
+    TTexts texts;
+    CLI::App app("plotkit: scientific graphs of measured data", "plotkit");
+    app.set_version_flag("--version", "plotkit " PLOTKIT_VERSION);
+    CLI::App* render = app.add_subcommand("render", "Write the graph of a file as a picture");
+    CLI::App* show = app.add_subcommand("show", "Show the graph of a file in a window");
+    for (CLI::App* command : {render, show})
+        AddCommonOptions(*command, options, texts);
+    render->add_option("-o,--output", options.Output, "The picture to be written (PNG)")->type_name("FILE");
+    render->add_option("--dpi", texts.Dpi, "Pixels per inch (96)");
+    render->add_flag("--antialias", options.Antialias, "Smooth the edges");
+    try {
+        app.parse(count, arguments);
+        if (app.get_subcommands().empty())
+            Fail("command line", "say what to do: render or show; plotkit --help lists the options");
+    } catch (const CLI::CallForHelp&) {
+        options.Answer = app.help();
+        return options;
+    } catch (const CLI::CallForVersion& version) {
+        options.Answer = std::string(version.what()) + "\n";
+        return options;
+    } catch (const CLI::ParseError& error) {
+        throw EConvertError(error.what());
+    }
+    options.Command = app.got_subcommand(render) ? pcRender : pcShow;
+    Understand(*app.get_subcommands().front(), texts, options);
+    return options;
+}
+
+}  // namespace plotkit

@@ -1,0 +1,56 @@
+// The job of Options is to turn the command line of the program into plain values.
+#pragma once
+
+#include <optional>
+#include <string>
+#include <vector>
+
+namespace plotkit {
+
+enum TProgramCommand
+{
+    pcRender,
+    pcShow
+};
+enum TScaleChoice
+{
+    scAuto,
+    scLinear,
+    scLog,
+    scLogEE,
+    scTime
+};
+enum TOnOff
+{
+    ooAuto,
+    ooOn,
+    ooOff
+};
+
+struct TOptions
+{
+    /// Not empty: help or the version was asked for, this is to be printed and nothing to be done.
+    std::string Answer;
+
+    TProgramCommand Command = pcRender;
+    std::string File;
+    std::string Output;  ///< of `render`
+    std::optional<std::string> X;
+    std::vector<std::string> Ys;
+    TScaleChoice XScale = scAuto;
+    TScaleChoice YScale = scAuto;
+    std::optional<std::string> Title, XCaption, YCaption;
+    int Width = 800;  ///< 1/96 inch
+    int Height = 600;
+    int Dpi = 96;
+    bool Antialias = false;
+    TOnOff Points = ooAuto;
+    bool Line = true;
+    bool Grid = true;
+    bool MinorGrid = false;
+};
+
+/// `arguments[0]` is the program's name. EConvertError with one clear message that names the option.
+TOptions ParseOptions(int count, const char* const* arguments);
+
+}  // namespace plotkit

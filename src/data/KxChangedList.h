@@ -1,0 +1,39 @@
+// The job of KxChangedList is to tell those who follow a data vector which of its elements changed.
+#pragma once
+
+#include <memory>
+#include <vector>
+
+#include "host/Event.h"
+
+namespace plotkit {
+
+/// The index of the element concerned, -1 for all; whether elements were removed (true) or a value was set (false).
+using TKxValueIChangedEvent = TEvent<int, bool>;
+
+/// Subscribers in the order of subscription. Entries match by their handler routine alone, whatever object it is bound
+/// to: of two objects with the same handler only the one added last is subscribed.
+class TKxValueIChangedList
+{
+public:
+    /// Takes the first entry with the same handler out and appends `event`.
+    void Add(const TKxValueIChangedEvent& event);
+    /// Takes out the first entry with the same handler, of whatever object.
+    void Remove(const TKxValueIChangedEvent& event);
+    void Clear() { FEntries = std::make_shared<TEntries>(); }
+    int GetCount() const { return static_cast<int>(FEntries->size()); }
+    const TKxValueIChangedEvent& GetItem(int i) const { return FEntries->at(static_cast<std::size_t>(i)); }
+
+    /// Calls everybody in order. Those who join meanwhile are not called, those who leave before their turn neither.
+    void Call(int i, bool wasDeleted) const;
+
+private:
+    using TEntries = std::vector<TKxValueIChangedEvent>;
+    TEntries& Writable();
+    bool Contains(const TKxValueIChangedEvent& event) const;
+
+    /// A call that runs holds on to the entries it began with.
+    std::shared_ptr<TEntries> FEntries = std::make_shared<TEntries>();
+};
+
+}  // namespace plotkit

@@ -1,0 +1,161 @@
+#include "foundation/KxArithm.h"
+
+#include <algorithm>
+#include <cmath>
+#include <string>
+#include <utility>
+
+#include "host/CheckedMath.h"
+#include "host/Errors.h"
+#include "host/NumberFormat.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr double Overflown = 1.7e308;
+
+// The parts of the scientific text: sign, mantissa, "E", exponent with its sign.
+constexpr std::size_t MantissaStart = 1, MantissaLength = 16, ExponentStart = 18;
+/// Share of a step that a value may lie beyond a multiple of the step without counting as beyond it.
+constexpr double StepTolerance = 0.001;
+constexpr double AbsoluteTolerance = 1e-9;
+
+double StepsTowardsZero(double value, double step)
+{
+    return std::trunc(value / step) * step;
+}
+
+double RoundLog(double value, double base, double step, bool up)
+{
+    const double logarithm = Log10(Divide(value, base));
+    double whole = std::trunc(logarithm);
+    double fraction = logarithm - whole;
+    if (fraction < 0) {
+        fraction += 1;
+        whole -= 1;
+    }
+    const double mantissa = Exp10(fraction);
+    const double rounded = up ? RoundUp(mantissa, step, 0) : RoundDown(mantissa, step, 0);
+    // A mantissa that is only near 1 would miss the exact power of ten.
+    if (rounded < 1.1)
+        return Exp10(whole) * base;
+    return Exp10(Log10(rounded) + whole) * base;
+}
+
+}  // namespace
+
+TRect OrderedRect(std::int32_t x1, std::int32_t y1, std::int32_t x2, std::int32_t y2)
+{
+    return {std::min(x1, x2), std::min(y1, y2), std::max(x1, x2), std::max(y1, y2)};
+}
+
+void AssignRealArrays(const TKxRealArray& source, TKxRealArray& dest)
+{
+    if (dest.Length() < source.Length())
+        throw ERangeError("Array of " + std::to_string(dest.Length()) + " elements is too short for " +
+                          std::to_string(source.Length()));
+    const TKxRealArray kept = source;
+    std::copy_n(kept.Read(), kept.Length(), dest.Write());
+}
+
+void SwapReal(double& a, double& b)
+{
+    std::swap(a, b);
+}
+
+void SwapInteger(int& a, int& b)
+{
+    std::swap(a, b);
+}
+
+double Exp10(double x)
+{
+    if (x == 0)
+        return 1;
+    const double result = std::pow(10.0, x);
+    return std::isinf(result) ? Overflown : result;
+}
+
+double IntExp10(int n)
+{
+    // A wider type keeps the reciprocals of powers that doubles cannot hold exactly.
+    long double result = 1, factor = 10;
+    for (auto rest = static_cast<std::uint32_t>(std::abs(static_cast<long long>(n))); rest > 0; rest >>= 1) {
+        if (rest & 1)
+            result *= factor;
+        factor *= factor;
+    }
+    const auto power = static_cast<double>(n < 0 ? 1 / result : result);
+    return std::isinf(power) ? Overflown : power;
+}
+
+int GetExponent(double x)
+{
+    if (!std::isfinite(x))
+        return 0;
+    return static_cast<int>(ParseInteger(FormatScientific(x).substr(ExponentStart)).value_or(0));
+}
+
+double ExpMinus(double x, int n)
+{
+    if (!std::isfinite(x))
+        return x;
+    const std::string text = FormatScientific(x);
+    const long long exponent = ParseInteger(text.substr(ExponentStart)).value_or(0) - n;
+    const std::string shifted =
+        (x < 0 ? "-" : "") + text.substr(MantissaStart, MantissaLength) + "E" + std::to_string(exponent);
+    const double result = ParseReal(shifted).value_or(x);
+    return std::isfinite(result) ? result : x;
+}
+
+double RoundUp(double value, double step, int exponent)
+{
+    double units = ExpMinus(value, exponent);
+    if (value > 0)
+        units = units + step - StepTolerance * step;
+    else
+        units -= AbsoluteTolerance;
+    return ExpMinus(StepsTowardsZero(units, step), -exponent);
+}
+
+double RoundDown(double value, double step, int exponent)
+{
+    double units = ExpMinus(value, exponent);
+    if (value < 0)
+        units -= step - StepTolerance * step;
+    else
+        units += AbsoluteTolerance;
+    return ExpMinus(StepsTowardsZero(units, step), -exponent);
+}
+
+double RoundLogUp(double value, double base, double step)
+{
+    return RoundLog(value, base, step, true);
+}
+
+double RoundLogDown(double value, double base, double step)
+{
+    return RoundLog(value, base, step, false);
+}
+
+int LastSignificant(double x)
+{
+    if (!std::isfinite(x))
+        return 0;
+    std::string digits = FormatScientific(x).substr(MantissaStart, MantissaLength);
+    digits.erase(1, 1);
+    return static_cast<int>(digits.find_last_not_of('0') + 1);
+}
+
+double EvaluatePolynomial(TKxRealArray coefficients, double x, std::int16_t degree)
+{
+    if (degree < 0)
+        return 0;
+    double result = coefficients[static_cast<std::size_t>(degree)];
+    for (auto i = static_cast<std::size_t>(degree); i-- > 0;)
+        result = result * x + coefficients[i];
+    return result;
+}
+
+}  // namespace plotkit

@@ -1,0 +1,23 @@
+// The job of KxAttached is what the graph panel and the layout of its axes ask of a legend.
+#pragma once
+
+#include "graph/KxAxisTypes.h"
+#include "host/Control.h"
+
+namespace plotkit {
+
+/// A control that lists the items of the graph it stands in. A descendant enters itself with the graph's `Attach`.
+class TKxAttachedLegend : public TControl
+{
+public:
+    using TControl::TControl;
+
+    /// Series, their captions or their styles changed.
+    virtual void ItemsModified() = 0;
+    /// The side of the graph that the legend takes room from.
+    virtual TKxAxisPos GetInGraphPosition() const = 0;
+    /// Room on either side of the legend, 1/96 inch.
+    virtual int GetOutsideGap() const = 0;
+};
+
+}  // namespace plotkit

@@ -1,0 +1,60 @@
+#include "foundation/KxLargeIni.h"
+#include "graph/KxAxis.h"
+#include "graph/KxGraph2D.h"
+
+namespace plotkit {
+
+namespace {
+
+std::string SeriesSection(const std::string& section, int number)
+{
+    return section + ".Series(" + std::to_string(number) + ")";
+}
+
+}  // namespace
+
+void TKx2DGraph::SaveOutfit(const std::string& section, TKxIniList& list)
+{
+    list.WriteBool(section, "ShowTitle", FShowTitle);
+    list.WriteString(section, "Caption", GetCaption());
+    list.WriteFont(section, "Font", GetTitleFont());
+    list.WriteInteger(section, "Color", ColorToInt(GetColor()));
+    list.WriteInteger(section, "DataColor", ColorToInt(FDataColor));
+    list.WriteBool(section, "ZeroOrigin", FZeroOrigin);
+    list.WriteLine(section, "FrameLine", FFrameLine);
+    list.WriteLine(section, "MajorGridX", FMajorGridX);
+    list.WriteLine(section, "MinorGridX", FMinorGridX);
+    list.WriteLine(section, "MajorGridY", FMajorGridY);
+    list.WriteLine(section, "MinorGridY", FMinorGridY);
+    for (TKxAxis* axis : AxesInside())
+        axis->SaveOutfit(section + "." + axis->GetName(), list);
+    const TKxSeriesList& series = GetSeriesList();
+    list.WriteInteger(section, "SeriesCount", series.Count());
+    for (int i = 0; i < series.Count(); ++i)
+        series[i]->WriteToIni(list, SeriesSection(section, i + 1));
+}
+
+void TKx2DGraph::LoadOutfit(const std::string& section, TKxIniList& list)
+{
+    SetShowTitle(list.ReadBool(section, "ShowTitle", FShowTitle));
+    SetCaption(list.ReadString(section, "Caption", GetCaption()));
+    list.ReadFont(section, "Font", GetTitleFont());
+    SetColor(IntToColor(list.ReadInteger(section, "Color", ColorToInt(GetColor()))));
+    SetDataColor(IntToColor(list.ReadInteger(section, "DataColor", ColorToInt(FDataColor))));
+    SetZeroOrigin(list.ReadBool(section, "ZeroOrigin", FZeroOrigin));
+    list.ReadLine(section, "FrameLine", FFrameLine);
+    list.ReadLine(section, "MajorGridX", FMajorGridX);
+    list.ReadLine(section, "MinorGridX", FMinorGridX);
+    list.ReadLine(section, "MajorGridY", FMajorGridY);
+    list.ReadLine(section, "MinorGridY", FMinorGridY);
+    for (TKxAxis* axis : AxesInside())
+        axis->LoadOutfit(section + "." + axis->GetName(), list);
+    const int saved = list.ReadInteger(section, "SeriesCount", 0);
+    if (saved <= 0)
+        return;
+    const TKxSeriesList& series = GetSeriesList();
+    for (int i = 0; i < series.Count(); ++i)
+        series[i]->ReadFromIni(list, SeriesSection(section, i % saved + 1));
+}
+
+}  // namespace plotkit

@@ -1,0 +1,51 @@
+// The job of KxPlottable is what the graph panel, its plotting area and its legends ask of a series.
+#pragma once
+
+#include "host/Component.h"
+#include "host/List.h"
+
+namespace plotkit {
+
+class TKxAxis;
+class TKxIniList;
+class TKxLineStyle;
+class TKxAreaStyle;
+class TKxPointStyle;
+class TKxPlottable;
+
+/// Series in drawing order; owns nothing.
+using TKxSeriesList = TList<TKxPlottable>;
+
+class TKxPlottable : public TComponent
+{
+public:
+    using TComponent::TComponent;
+
+    /// Turns values into pixel points.
+    virtual void CalculatePoints() = 0;
+    virtual void DrawLine() = 0;
+    /// Whether `DrawPoints` is to be called at all.
+    virtual bool HasPointSymbols() const { return false; }
+    virtual void DrawPoints() {}
+    /// Values, styles or axes changed: the points are stale, the plotting area wants a repaint.
+    virtual void Modified() = 0;
+
+    virtual void WriteToIni(TKxIniList& list, const std::string& section) = 0;
+    virtual void ReadFromIni(TKxIniList& list, const std::string& section) = 0;
+
+    /// Series computed from this one.
+    virtual TKxSeriesList& Childs() = 0;
+    /// Texts that captions can refer to.
+    virtual TKxIniList& CaptionIni() = 0;
+
+    virtual const std::string& GetCaption() const = 0;
+    virtual bool GetIncludeInLegend() const = 0;
+    /// Whether values of the series stand at positions of the axis.
+    virtual bool UsesAxis(const TKxAxis& axis) const { return static_cast<void>(axis), false; }
+    /// Styles that a sample of the series shows; nullptr where the series has none.
+    virtual const TKxLineStyle* SampleLine() const { return nullptr; }
+    virtual const TKxAreaStyle* SampleArea() const { return nullptr; }
+    virtual const TKxPointStyle* SamplePoints() const { return nullptr; }
+};
+
+}  // namespace plotkit

@@ -1,0 +1,167 @@
+#include "host/Recording.h"
+
+#include <algorithm>
+
+#include "host/PixelMath.h"
+
+namespace plotkit {
+
+namespace {
+
+std::vector<TPoint> Moved(const std::vector<TPoint>& points, TPoint by)
+{
+    std::vector<TPoint> moved(points);
+    for (TPoint& point : moved)
+        point = MovePoint(point, by);
+    return moved;
+}
+
+/// Draws commands, moved, on a device. With `clip` set it takes the place of the commands' own clips.
+struct TReplayer
+{
+    TDrawDevice& Device;
+    TPoint Shift;
+    const TRect* Clip = nullptr;
+
+    TDrawState Moved(const TDrawState& state) const { return {state.Mode, Clip ? *Clip : MoveClip(state.Clip, Shift)}; }
+
+    void operator()(const TLineCommand& c) const
+    {
+        Device.Line(MovePoint(c.From, Shift), MovePoint(c.To, Shift), c.Pen, Moved(c.State));
+    }
+    void operator()(const TPolylineCommand& c) const
+    {
+        Device.Polyline(plotkit::Moved(c.Points, Shift), c.Pen, Moved(c.State));
+    }
+    void operator()(const TPolygonCommand& c) const
+    {
+        Device.Polygon(plotkit::Moved(c.Points, Shift), c.Pen, c.Brush, Moved(c.State));
+    }
+    void operator()(const TEllipseCommand& c) const
+    {
+        Device.Ellipse(MoveBox(c.Box, Shift), c.Pen, c.Brush, Moved(c.State));
+    }
+    void operator()(const TRectangleCommand& c) const
+    {
+        Device.Rectangle(MoveBox(c.Box, Shift), c.Pen, c.Brush, Moved(c.State));
+    }
+    void operator()(const TFocusRectCommand& c) const { Device.FocusRect(MoveBox(c.Box, Shift), Moved(c.State)); }
+    void operator()(const TTextCommand& c) const
+    {
+        TTextRun run = c.Run;
+        run.At = MovePoint(run.At, Shift);
+        Device.Text(run, Moved(c.State));
+    }
+    void operator()(const TStampCommand& c) const
+    {
+        Device.Stamp(c.Shape, plotkit::Moved(c.Points, Shift), Moved(c.State));
+    }
+};
+
+class TExpander : public TRecording
+{
+public:
+    void Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,
+               const TDrawState& state) override
+    {
+        DrawStamp(*this, *shape, points, state);
+    }
+};
+
+bool RemovesItself(const TDrawCommand& command)
+{
+    return std::holds_alternative<TFocusRectCommand>(command) ||
+           std::visit([](const auto& c) { return c.State.Mode == dmXor; }, command);
+}
+
+}  // namespace
+
+bool operator==(const TStampCommand& a, const TStampCommand& b)
+{
+    if (a.Points != b.Points || a.State != b.State)
+        return false;
+    return a.Shape == b.Shape || (a.Shape && b.Shape && *a.Shape == *b.Shape);
+}
+
+void TRecording::Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state)
+{
+    Add(TLineCommand{from, to, pen, state});
+}
+
+void TRecording::Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state)
+{
+    Add(TPolylineCommand{{points.begin(), points.end()}, pen, state});
+}
+
+void TRecording::Polygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush,
+                         const TDrawState& state)
+{
+    Add(TPolygonCommand{{points.begin(), points.end()}, pen, brush, state});
+}
+
+void TRecording::Ellipse(const TRect& box, const TPenState& pen, const TBrushState& brush, const TDrawState& state)
+{
+    Add(TEllipseCommand{box, pen, brush, state});
+}
+
+void TRecording::Rectangle(const TRect& box, const TPenState& pen, const TBrushState& brush, const TDrawState& state)
+{
+    Add(TRectangleCommand{box, pen, brush, state});
+}
+
+void TRecording::FocusRect(const TRect& box, const TDrawState& state)
+{
+    Add(TFocusRectCommand{box, state});
+}
+
+void TRecording::Text(const TTextRun& run, const TDrawState& state)
+{
+    Add(TTextCommand{run, state});
+}
+
+void TRecording::Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,
+                       const TDrawState& state)
+{
+    Add(TStampCommand{shape, {points.begin(), points.end()}, state});
+}
+
+void TRecording::Replay(TDrawDevice& device, TPoint shift) const
+{
+    // On itself a recording grows while it is read.
+    const auto copy = &device == this ? Commands : std::vector<TDrawCommand>();
+    const TReplayer replayer{device, shift};
+    for (const TDrawCommand& command : &device == this ? copy : Commands)
+        std::visit(replayer, command);
+}
+
+TRecording TRecording::Expanded() const
+{
+    TExpander expander;
+    Replay(expander);
+    TRecording result;
+    result.Commands = std::move(expander.Commands);
+    return result;
+}
+
+void DrawStamp(TDrawDevice& device, const TRecording& shape, std::span<const TPoint> points, const TDrawState& state)
+{
+    for (const TPoint& point : points) {
+        const TReplayer replayer{device, point, &state.Clip};
+        for (const TDrawCommand& command : shape.Commands)
+            std::visit(replayer, command);
+    }
+}
+
+void TOverlay::Add(TDrawCommand command)
+{
+    if (RemovesItself(command)) {
+        const auto twin = std::find(Commands.rbegin(), Commands.rend(), command);
+        if (twin != Commands.rend()) {
+            Commands.erase(std::next(twin).base());
+            return;
+        }
+    }
+    TRecording::Add(std::move(command));
+}
+
+}  // namespace plotkit

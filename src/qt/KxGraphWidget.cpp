@@ -1,0 +1,298 @@
+#include "qt/KxGraphWidget.h"
+
+#include <QContextMenuEvent>
+#include <QKeyEvent>
+#include <QMouseEvent>
+#include <QPainter>
+#include <QTextDocument>
+#include <QWheelEvent>
+#include <cmath>
+
+#include "qt/KxQtDevice.h"
+#include "qt/KxQtHost.h"
+#include "qt/KxQtKeys.h"
+
+namespace plotkit {
+
+/// Hears of the tree's wishes and of the root's end.
+class KxGraphWidget::TSite : public TControlSite, public TComponent
+{
+public:
+    explicit TSite(KxGraphWidget& widget) : TComponent(nullptr), FWidget(widget) {}
+    ~TSite() override { BeginDestroy(); }
+
+    void TreeInvalidated() override { FWidget.PictureInvalidated(); }
+    void OverlayChanged() override { FWidget.OverlayInvalidated(); }
+    void PointerChanged(TControl* under) override { FWidget.ShowPointerOf(under); }
+
+protected:
+    void Notification(TComponent* component, TOperation operation) override
+    {
+        if (operation == opRemove && component == FWidget.FRoot) {
+            FWidget.FRoot = nullptr;
+            FWidget.ShowPointerOf(nullptr);
+            FWidget.PictureInvalidated();
+        }
+        TComponent::Notification(component, operation);
+    }
+
+private:
+    KxGraphWidget& FWidget;
+};
+
+KxGraphWidget::KxGraphWidget(TWindowControl* root, QWidget* parent) : QWidget(parent)
+{
+    Attach(root);
+}
+
+KxGraphWidget::KxGraphWidget(std::unique_ptr<TWindowControl> root, QWidget* parent)
+    : QWidget(parent), FOwnedRoot(std::move(root))
+{
+    Attach(FOwnedRoot.get());
+}
+
+KxGraphWidget::KxGraphWidget(QWidget* parent) : KxGraphWidget(std::make_unique<TWindowControl>(nullptr), parent) {}
+
+KxGraphWidget::~KxGraphWidget()
+{
+    if (!FRoot)
+        return;
+    FSite->StopWatching(FRoot);
+    if (FRoot->Site() == FSite.get())
+        FRoot->SetSite(nullptr);
+}
+
+void KxGraphWidget::Attach(TWindowControl* root)
+{
+    setMouseTracking(true);
+    setFocusPolicy(Qt::StrongFocus);
+    setAttribute(Qt::WA_OpaquePaintEvent);
+    FSite = std::make_unique<TSite>(*this);
+    FRoot = root;
+    if (!FRoot)
+        return;
+    FSite->WatchFor(FRoot);
+    Guarded([this] { FRoot->SetSite(FSite.get()); });
+}
+
+void KxGraphWidget::Guarded(const std::function<void()>& action)
+{
+    // Qt's event loop lets no exception through.
+    try {
+        action();
+    } catch (const std::exception& error) {
+        Host().HandleError(error);
+    }
+}
+
+void KxGraphWidget::FitRoot()
+{
+    const double ratio = devicePixelRatioF();
+    const int wide = static_cast<int>(std::lround(width() * ratio));
+    const int high = static_cast<int>(std::lround(height() * ratio));
+    if (!FRoot || (FRoot->OwnPixelScale() == ratio && FRoot->GetWidth() == wide && FRoot->GetHeight() == high))
+        return;
+    Guarded([&] {
+        FRoot->SetPixelScale(ratio);
+        FRoot->SetBounds(FRoot->GetLeft(), FRoot->GetTop(), wide, high);
+    });
+}
+
+void KxGraphWidget::PaintPicture()
+{
+    FPictureStale = false;
+    FOverlayStale = true;
+    FShown = {};  // else the picture would be copied before it is painted
+    const QSize size(FRoot->GetWidth(), FRoot->GetHeight());
+    if (FPicture.size() != size)
+        FPicture = QImage(size, QImage::Format_RGB32);
+    FPicture.setDevicePixelRatio(1);
+    FPicture.fill(QtColor(FRoot->GetColor()));
+    const TRecording picture = FRoot->Picture();
+    QPainter painter(&FPicture);
+    TQtDevice device(painter, FRoot->OwnPixelScale());
+    picture.Replay(device);
+}
+
+void KxGraphWidget::PaintOverlay()
+{
+    FOverlayStale = false;
+    FPicture.setDevicePixelRatio(1);
+    FShown = FPicture;
+    if (FRoot->Overlay().Commands.empty())
+        return;
+    QPainter painter(&FShown);
+    TQtDevice device(painter, FRoot->OwnPixelScale());
+    FRoot->Overlay().Replay(device);
+}
+
+QImage KxGraphWidget::Shown()
+{
+    FPainting = true;
+    FitRoot();
+    Guarded([this] {
+        if (FRoot && FPictureStale)
+            PaintPicture();
+        if (FRoot && FOverlayStale)
+            PaintOverlay();
+    });
+    FPainting = false;
+    return FRoot ? FShown : QImage();
+}
+
+void KxGraphWidget::paintEvent(QPaintEvent*)
+{
+    QImage shown = Shown();
+    QPainter painter(this);
+    if (shown.isNull()) {
+        painter.fillRect(rect(), palette().window());
+        return;
+    }
+    FShown = {};
+    shown.setDevicePixelRatio(devicePixelRatioF());
+    painter.drawImage(0, 0, shown);
+    shown.setDevicePixelRatio(1);
+    FShown = std::move(shown);
+}
+
+void KxGraphWidget::resizeEvent(QResizeEvent*)
+{
+    FitRoot();
+}
+
+void KxGraphWidget::PictureInvalidated()
+{
+    FPictureStale = true;
+    if (!FPainting)
+        update();
+}
+
+void KxGraphWidget::OverlayInvalidated()
+{
+    FOverlayStale = true;
+    if (!FPainting)
+        update();
+}
+
+void KxGraphWidget::ShowPointerOf(TControl* control)
+{
+    if (control)
+        setCursor(CursorShapeOf(control->Cursor()));
+    else
+        unsetCursor();
+    const TControl* hinting = control;
+    while (hinting && hinting->GetHint().empty())
+        hinting = hinting->Parent();
+    const bool shows = hinting && hinting->GetShowHint();
+    const QString hint = shows ? QString::fromStdString(hinting->GetHint()) : QString();
+    setToolTip(Qt::mightBeRichText(hint) ? hint.toHtmlEscaped() : hint);
+}
+
+TPoint KxGraphWidget::RootPixel(QPointF at) const
+{
+    const double ratio = devicePixelRatioF();
+    return {static_cast<int>(std::floor(at.x() * ratio)), static_cast<int>(std::floor(at.y() * ratio))};
+}
+
+void KxGraphWidget::Serve(QEvent* event, const std::function<void(TWindowControl&)>& action)
+{
+    event->accept();
+    if (FRoot)
+        Guarded([&] { action(*FRoot); });
+}
+
+void KxGraphWidget::Press(QMouseEvent* event, bool isDouble)
+{
+    const auto button = MouseButtonOf(event->button());
+    if (!button)
+        return event->ignore();
+    ReleaseLost(event);
+    FHeld |= event->button();
+    const TPoint at = RootPixel(event->position());
+    TShiftState shift = ShiftStateOf(event->modifiers(), event->buttons());
+    shift.Double = isDouble;
+    Serve(event, [&](TWindowControl& root) { root.DispatchMouseDown(*button, shift, at.X, at.Y); });
+}
+
+void KxGraphWidget::Release(QMouseEvent* event, Qt::MouseButton button)
+{
+    const auto released = MouseButtonOf(button);
+    if (!released)
+        return event->ignore();
+    FHeld.setFlag(button, false);
+    const TPoint at = RootPixel(event->position());
+    const TShiftState shift = ShiftStateOf(event->modifiers(), event->buttons());
+    Serve(event, [&](TWindowControl& root) { root.DispatchMouseUp(*released, shift, at.X, at.Y); });
+}
+
+/// A dialog or menu that a press opens gets the release in the widget's place.
+void KxGraphWidget::ReleaseLost(QMouseEvent* event)
+{
+    const Qt::MouseButtons held = event->buttons().setFlag(event->button(), false);
+    for (const Qt::MouseButton button : {Qt::LeftButton, Qt::RightButton, Qt::MiddleButton})
+        if (FHeld.testFlag(button) && !held.testFlag(button))
+            Release(event, button);
+}
+
+void KxGraphWidget::mousePressEvent(QMouseEvent* event)
+{
+    Press(event, false);
+}
+
+void KxGraphWidget::mouseDoubleClickEvent(QMouseEvent* event)
+{
+    Press(event, true);
+}
+
+void KxGraphWidget::mouseMoveEvent(QMouseEvent* event)
+{
+    ReleaseLost(event);
+    const TPoint at = RootPixel(event->position());
+    const TShiftState shift = ShiftStateOf(event->modifiers(), event->buttons());
+    Serve(event, [&](TWindowControl& root) { root.DispatchMouseMove(shift, at.X, at.Y); });
+}
+
+void KxGraphWidget::mouseReleaseEvent(QMouseEvent* event)
+{
+    Release(event, event->button());
+}
+
+void KxGraphWidget::wheelEvent(QWheelEvent* event)
+{
+    const TPoint at = RootPixel(event->position());
+    // With Alt held down a wheel turns sideways.
+    const QPoint turned = event->angleDelta();
+    const int delta = turned.y() != 0 ? turned.y() : turned.x();
+    // Touch pads also tell of a turn's begin and end.
+    if (delta == 0)
+        return event->ignore();
+    const TShiftState shift = ShiftStateOf(event->modifiers(), event->buttons());
+    Serve(event, [&](TWindowControl& root) { root.DispatchMouseWheel(shift, delta, at.X, at.Y); });
+}
+
+void KxGraphWidget::contextMenuEvent(QContextMenuEvent* event)
+{
+    const TPoint at = RootPixel(event->pos());
+    Serve(event, [&](TWindowControl& root) { root.DispatchContextPopup(at.X, at.Y); });
+}
+
+void KxGraphWidget::keyPressEvent(QKeyEvent* event)
+{
+    const auto key = KeyOf(*event);
+    if (!key)
+        return event->ignore();
+    // What no control of the tree has the focus for may be meant for the dialog around it.
+    const bool isTaken = FRoot && FRoot->Focused();
+    Serve(event, [&](TWindowControl& root) { root.DispatchKeyDown(*key, ShiftStateOf(event->modifiers(), {})); });
+    event->setAccepted(isTaken);
+}
+
+void KxGraphWidget::keyReleaseEvent(QKeyEvent* event)
+{
+    const auto key = KeyOf(*event);
+    if (!key)
+        return event->ignore();
+    Serve(event, [&](TWindowControl& root) { root.DispatchKeyUp(*key, ShiftStateOf(event->modifiers(), {})); });
+}
+
+}  // namespace plotkit

@@ -1,0 +1,73 @@
+// The job of KxGraphWidget is to show a control tree in a Qt window and to serve it with mouse and keys.
+#pragma once
+
+#include <QImage>
+#include <QWidget>
+#include <functional>
+#include <memory>
+
+#include "host/WindowControl.h"
+
+namespace plotkit {
+
+/// Carries the tree of one root, which it sizes to its own size in device pixels. The tree is painted into an image of
+/// exactly these pixels when something in it changed; the overlay is drawn on a copy, so that its exclusive-or shapes
+/// work on every platform. Errors raised by painting or by the tree's handlers go to Host().HandleError.
+class KxGraphWidget : public QWidget
+{
+public:
+    /// The root is not owned; the widget shows nothing once it is gone.
+    explicit KxGraphWidget(TWindowControl* root, QWidget* parent = nullptr);
+    explicit KxGraphWidget(std::unique_ptr<TWindowControl> root, QWidget* parent = nullptr);
+    /// With an empty root of its own.
+    explicit KxGraphWidget(QWidget* parent = nullptr);
+    ~KxGraphWidget() override;
+
+    /// nullptr when a root that is not owned is gone.
+    TWindowControl* Root() const { return FRoot; }
+    /// What the window shows, overlay included; painted now when something changed.
+    QImage Shown();
+
+    QSize sizeHint() const override { return {600, 400}; }
+    QSize minimumSizeHint() const override { return {40, 30}; }
+
+protected:
+    void paintEvent(QPaintEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void mouseDoubleClickEvent(QMouseEvent* event) override;
+    void wheelEvent(QWheelEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void keyReleaseEvent(QKeyEvent* event) override;
+
+private:
+    class TSite;
+
+    void Attach(TWindowControl* root);
+    void Guarded(const std::function<void()>& action);
+    void Serve(QEvent* event, const std::function<void(TWindowControl&)>& action);
+    void Press(QMouseEvent* event, bool isDouble);
+    void Release(QMouseEvent* event, Qt::MouseButton button);
+    void ReleaseLost(QMouseEvent* event);
+    void FitRoot();
+    void PaintPicture();
+    void PaintOverlay();
+    TPoint RootPixel(QPointF at) const;
+    void PictureInvalidated();
+    void OverlayInvalidated();
+    void ShowPointerOf(TControl* control);
+
+    std::unique_ptr<TSite> FSite;
+    std::unique_ptr<TWindowControl> FOwnedRoot;
+    TWindowControl* FRoot = nullptr;
+    QImage FPicture, FShown;
+    Qt::MouseButtons FHeld;  ///< whose presses the tree has heard of, and not yet the releases
+    bool FPictureStale = true;
+    bool FOverlayStale = true;
+    bool FPainting = false;
+};
+
+}  // namespace plotkit

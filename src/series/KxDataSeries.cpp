@@ -1,0 +1,115 @@
+#include "series/KxDataSeries.h"
+
+#include "foundation/KxLargeIni.h"
+#include "graph/KxAxis.h"
+#include "graph/KxDraw.h"
+#include "graph/KxGraph2D.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr std::array LineSeriesProperties{
+    Reference<&TKxSeries::GetXAxis, &TKxSeries::SetXAxis>("XAxis"),
+    Reference<&TKxSeries::GetYAxis, &TKxSeries::SetYAxis>("YAxis"),
+    Reference<&TKxSeries::GetXData, &TKxSeries::SetXData>("XData"),
+    Reference<&TKxSeries::GetYData, &TKxSeries::SetYData>("YData"),
+    Reference<&TKxSeries::GetWeight, &TKxSeries::SetWeight>("Weight"),
+    Sub<&TKxSeries::GetAreaStyle>("AreaStyle"),
+};
+
+constexpr std::array DataSeriesProperties{
+    Sub<&TKxDataSeries::GetPointStyle>("PointStyle"),
+};
+
+/// Lifts the clip of a canvas for its own lifetime.
+class TUnclipped
+{
+public:
+    explicit TUnclipped(TCanvas& canvas) : FCanvas(canvas), FClip(canvas.ClipRect()) { canvas.RemoveClip(); }
+    TUnclipped(const TUnclipped&) = delete;
+    TUnclipped& operator=(const TUnclipped&) = delete;
+    ~TUnclipped() { FCanvas.SetClipRect(FClip); }
+
+private:
+    TCanvas& FCanvas;
+    TRect FClip;
+};
+
+}  // namespace
+
+constinit const TClassInfo TKxNotCalculatedSeries::Class{"TKxNotCalculatedSeries", &TKxSeries::Class};
+constinit const TClassInfo TKxLineSeries::Class{"TKxLineSeries", &TKxNotCalculatedSeries::Class, LineSeriesProperties,
+                                                &CreateComponent<TKxLineSeries>};
+constinit const TClassInfo TKxDataSeries::Class{"TKxDataSeries", &TKxLineSeries::Class, DataSeriesProperties,
+                                                &CreateComponent<TKxDataSeries>};
+
+TKxLineSeries::TKxLineSeries(TComponent* owner) : TKxNotCalculatedSeries(owner)
+{
+    if (!owner)
+        return;
+    // Asking for an axis may create it among the components.
+    for (TComponent* const component : std::vector(owner->Components()))
+        if (auto* const graph = dynamic_cast<TKx2DGraph*>(component)) {
+            SetXAxis(graph->GetPrimaryXAxis());
+            SetYAxis(graph->GetPrimaryYAxis());
+            SetWorld(&graph->World());
+        }
+}
+
+TKxLineSeries::~TKxLineSeries()
+{
+    BeginDestroy();
+}
+
+TKxDataSeries::TKxDataSeries(TComponent* owner) : TKxLineSeries(owner) {}
+
+TKxDataSeries::~TKxDataSeries()
+{
+    BeginDestroy();
+}
+
+void TKxDataSeries::DrawPoints()
+{
+    if (GraphIsUpdating() || !FPointStyle.GetVisible())
+        return;
+    if (!BringPointsUpToDate() || !World())
+        return;
+    TCanvas& canvas = World()->Canvas();
+    if (const TKx2DGraph* const graph = Graph()) {
+        const TColor color = graph->GetDataColor();
+        canvas.Brush.SetColor(graph->PaintingToMetafile() && color == clButtonFace ? clWhite : color);
+    }
+    canvas.Pen.Width = FPointStyle.GetWidth();
+    canvas.Pen.Color = FPointStyle.GetColor();
+    const auto draw = [&] {
+        DrawPointSymbols(FPoints.Values(), World()->Px(FPointStyle.GetSize()), FPointStyle.GetStyle(), canvas);
+    };
+    if (GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack())
+        return draw();
+    const TUnclipped unclipped(canvas);
+    draw();
+}
+
+void TKxDataSeries::WriteToIni(TKxIniList& list, const std::string& section)
+{
+    TKxLineSeries::WriteToIni(list, section);
+    list.WriteBool(section, "Point.Visible", FPointStyle.GetVisible());
+    list.WriteInteger(section, "Point.Color", ColorToInt(FPointStyle.GetColor()));
+    list.WriteInteger(section, "Point.Size", FPointStyle.GetSize());
+    list.WriteInteger(section, "Point.With", FPointStyle.GetWidth());
+    list.WriteInteger(section, "Point.Style", FPointStyle.GetStyle());
+}
+
+void TKxDataSeries::ReadFromIni(TKxIniList& list, const std::string& section)
+{
+    TKxLineSeries::ReadFromIni(list, section);
+    TKxPointStyle& style = FPointStyle;
+    style.SetVisible(list.ReadBool(section, "Point.Visible", style.GetVisible()));
+    style.SetColor(IntToColor(list.ReadInteger(section, "Point.Color", ColorToInt(style.GetColor()))));
+    style.SetSize(list.ReadInteger(section, "Point.Size", style.GetSize()));
+    style.SetWidth(list.ReadInteger(section, "Point.With", style.GetWidth()));
+    style.SetStyle(list.ReadOrdinal(section, "Point.Style", style.GetStyle(), PointSymbolNames.size()));
+}
+
+}  // namespace plotkit

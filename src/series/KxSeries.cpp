@@ -1,0 +1,295 @@
+#include "series/KxSeries.h"
+
+#include "foundation/KxLargeIni.h"
+#include "graph/KxAxis.h"
+#include "graph/KxGraph2D.h"
+#include "host/Timer.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr int OrderInterval = 100;  // milliseconds
+constexpr int SampleCount = 10;
+
+constexpr std::array SeriesProperties{
+    Sub<&TKxSeries::GetLineStyle>("LineStyle"),
+    Property<&TKxSeries::GetIncludeInLegend, &TKxSeries::SetIncludeInLegend>("IncludeInLegend"),
+    Property<&TKxSeries::GetCaption, &TKxSeries::SetCaption>("Caption"),
+};
+
+TKxValueIChangedEvent XEvent(TKxSeries* series)
+{
+    return TKxValueIChangedEvent::Bind<&TKxSeries::FOnXIChanged>(series);
+}
+
+TKxValueIChangedEvent YEvent(TKxSeries* series)
+{
+    return TKxValueIChangedEvent::Bind<&TKxSeries::FOnYIChanged>(series);
+}
+
+}  // namespace
+
+constinit const TClassInfo TKxSeries::Class{"TKxSeries", &TComponent::Class, SeriesProperties};
+
+TKxSeries::TKxSeries(TComponent* owner) : TKxCaptionedSeries(owner)
+{
+    FAreaStyle.SetVisible(false);
+    if (!IsDesigning() || !dynamic_cast<TControl*>(owner))
+        return;
+    FLastComponentIndex = ComponentIndex();
+    FOrderTimer = std::make_unique<TTimer>(OrderInterval, TEvent<>::Bind<&TKxSeries::TestOrder>(this));
+}
+
+TKxSeries::~TKxSeries()
+{
+    BeginDestroy();
+    if (World())
+        World()->SeriesList().Remove(this);
+    if (FX.Data)
+        FX.Data->ChangedList().Remove(XEvent(this));
+    if (FY.Data)
+        FY.Data->ChangedList().Remove(YEvent(this));
+    if (FWeight)
+        FWeight->ChangedList().Remove(FWeightEvent);
+    for (TKxSeriesDirection* direction : {&FX, &FY}) {
+        direction->LeaveAxis();
+        if (direction->Axis)
+            direction->Axis->RedoRanges();
+    }
+    while (FChilds.Count() > 0) {
+        TKxPlottable* const child = FChilds[FChilds.Count() - 1];
+        FChilds.Remove(child);
+        delete child;
+    }
+    if (TKx2DGraph* const graph = Graph())
+        graph->Invalidate();
+}
+
+TKx2DGraph* TKxSeries::Graph() const
+{
+    return FX.Axis ? GraphOf(*FX.Axis) : nullptr;
+}
+
+bool TKxSeries::GraphIsUpdating() const
+{
+    const TKx2DGraph* const graph = Graph();
+    return graph && !graph->NotUpdating();
+}
+
+void TKxSeries::AttachToGraph(TKx2DGraph& graph)
+{
+    SetWorld(&graph.World());
+    if (!IsCalculated()) {
+        World()->SeriesList().Remove(this);
+        World()->SeriesList().Add(this);
+    }
+    FBackColor = graph.GetDataColor();
+    graph.Modified();
+}
+
+void TKxSeries::LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis)
+{
+    if (axis == direction.Axis)
+        return;
+    direction.LeaveAxis();
+    direction.Axis = axis;
+    WatchFor(axis);
+    if (World())
+        World()->SeriesList().Remove(this);
+    if (TKx2DGraph* const graph = axis ? GraphOf(*axis) : nullptr)
+        AttachToGraph(*graph);
+    else
+        Modified();
+    if (axis && dynamic_cast<TKxLiveVector*>(direction.Data))
+        direction.EnterAxis();
+}
+
+void TKxSeries::SetXAxis(TKxAxis* axis)
+{
+    LinkAxis(FX, axis);
+}
+
+void TKxSeries::SetYAxis(TKxAxis* axis)
+{
+    LinkAxis(FY, axis);
+}
+
+bool TKxSeries::LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vector, const TKxValueIChangedEvent& event)
+{
+    if (vector == direction.Data)
+        return false;
+    if (direction.Data)
+        direction.Data->ChangedList().Remove(event);
+    direction.LeaveAxis();
+    direction.SetData(vector);
+    WatchFor(vector);
+    if (vector && direction.Axis) {
+        vector->ChangedList().Add(event);
+        direction.EnterAxis();
+    }
+    return true;
+}
+
+void TKxSeries::SetXData(TKxCustomRealVector* vector)
+{
+    if (!LinkData(FX, vector, XEvent(this)))
+        return;
+    if (IsDesigning() && vector && vector->GetCount() == 0)
+        for (int i = 0; i < SampleCount; ++i)
+            vector->SetValue(i, Host().Random() * 10 + 10 * i);
+    DataLinked();
+}
+
+void TKxSeries::SetYData(TKxCustomRealVector* vector)
+{
+    if (!LinkData(FY, vector, YEvent(this)))
+        return;
+    if (IsDesigning() && vector && vector->GetCount() == 0) {
+        const double slope = Host().Random() * 10;
+        for (int i = 0; i < SampleCount; ++i)
+            vector->SetValue(i, Host().Random() * 10 + i * slope);
+    }
+    DataLinked();
+}
+
+void TKxSeries::DataLinked()
+{
+    if (IsDesigning())
+        DsgnUpdate();
+    else
+        RangesModified();
+}
+
+void TKxSeries::SetWeight(TKxCustomRealVector* vector)
+{
+    if (FWeight && FWeight != vector)
+        FWeight->ChangedList().Remove(FWeightEvent);
+    FWeight = vector;
+    WatchFor(vector);
+    FWeightEvent = TKxValueIChangedEvent::Bind<&TKxSeries::FOnWeightChanged>(this);
+    if (FWeight)
+        FWeight->ChangedList().Add(FWeightEvent);
+    FChildsNeedRecalc = true;
+}
+
+void TKxSeries::FOnWeightChanged(int, bool)
+{
+    FChildsNeedRecalc = true;
+    if (World())
+        World()->Invalidate();
+}
+
+void TKxSeries::Modified()
+{
+    FPointsNeedRecalc = true;
+    UpdateLegend();
+    if (World())
+        World()->Invalidate();
+}
+
+void TKxSeries::ChildModified()
+{
+    FRangesNeedRecalc = true;
+    Modified();
+}
+
+void TKxSeries::RangesModified()
+{
+    FChildsNeedRecalc = true;
+    FRangesNeedRecalc = true;
+    FX.Forget();
+    FY.Forget();
+    Modified();
+}
+
+void TKxSeries::DsgnUpdate()
+{
+    if (!IsDesigning())
+        return;
+    RangesModified();
+    CalculatePoints();
+    if (TKx2DGraph* const graph = Graph())
+        graph->Modified();
+}
+
+void TKxSeries::AddChild(TKxSeries* child)
+{
+    FChilds.Remove(child);
+    FChilds.Add(child);
+    WatchFor(child);
+}
+
+void TKxSeries::RemoveChild(TKxSeries* child)
+{
+    FChilds.Remove(child);
+    StopWatching(child);
+}
+
+void TKxSeries::RecalculateChilds()
+{
+    for (TKxPlottable* const item : std::vector(FChilds.Items())) {
+        auto* const child = FChilds.IndexOf(item) < 0 ? nullptr : dynamic_cast<TKxSeries*>(item);
+        if (child && child->IsCalculated())
+            child->Calculate();
+    }
+    FChildsNeedRecalc = false;
+}
+
+void TKxSeries::Loaded()
+{
+    TKxCaptionedSeries::Loaded();
+    // An axis may have got its parent after it was linked.
+    for (const TKxSeriesDirection* direction : {&FX, &FY}) {
+        TKx2DGraph* const graph = direction->Axis ? GraphOf(*direction->Axis) : nullptr;
+        if (graph && (World() != &graph->World() || World()->SeriesList().IndexOf(this) < 0))
+            AttachToGraph(*graph);
+    }
+    RangesModified();
+}
+
+void TKxSeries::Notification(TComponent* component, TOperation operation)
+{
+    TKxCaptionedSeries::Notification(component, operation);
+    if (operation != opRemove)
+        return;
+    for (TKxPlottable* const child : std::vector(FChilds.Items()))
+        if (child == component)
+            FChilds.Remove(child);
+    if (component == FWeight) {
+        FWeight = nullptr;
+        FChildsNeedRecalc = true;
+    }
+    bool axisGone = false, dataGone = false;
+    for (TKxSeriesDirection* direction : {&FX, &FY}) {
+        if (component == direction->Axis) {
+            direction->Axis = nullptr;
+            direction->Range.OnChanged = nullptr;
+            axisGone = true;
+        }
+        if (component == direction->Data) {
+            direction->SetData(nullptr);
+            dataGone = true;
+        }
+    }
+    if (IsDestroying() || (!axisGone && !dataGone))
+        return;
+    RangesModified();
+    if (!dataGone)
+        return;
+    CalculatePoints();
+    if (TKx2DGraph* const graph = Graph())
+        graph->Modified();
+}
+
+void TKxSeries::TestOrder()
+{
+    const int index = ComponentIndex();
+    if (index == FLastComponentIndex)
+        return;
+    FLastComponentIndex = index;
+    if (TKx2DGraph* const graph = Graph())
+        graph->Modified();
+}
+
+}  // namespace plotkit

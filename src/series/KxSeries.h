@@ -1,0 +1,151 @@
+// The job of KxSeries is the base of all series: links to vectors and axes, ranges, pixel points, captions, children.
+#pragma once
+
+#include <memory>
+
+#include "data/KxPointVector.h"
+#include "graph/KxStyles.h"
+#include "series/KxCaptionedSeries.h"
+#include "series/KxSeriesDirection.h"
+
+namespace plotkit {
+
+class TKx2DGraph;
+class TTimer;
+
+class TKxSeries : public TKxCaptionedSeries
+{
+public:
+    explicit TKxSeries(TComponent* owner);
+    ~TKxSeries() override;
+
+    static const TClassInfo Class;
+    const TClassInfo& ClassInfo() const override { return Class; }
+
+    TKxAxis* GetXAxis() const { return FX.Axis; }
+    /// Enters the plotting area of the axis' graph. The range of a plain vector takes part in the axis' scaling only
+    /// when the vector is linked after the axis.
+    void SetXAxis(TKxAxis* axis);
+    TKxAxis* GetYAxis() const { return FY.Axis; }
+    void SetYAxis(TKxAxis* axis);
+    bool UsesAxis(const TKxAxis& axis) const override { return FX.Axis == &axis || FY.Axis == &axis; }
+    TKxCustomRealVector* GetXData() const { return FX.Data; }
+    /// The series follows the vector's changes when its axis is linked already.
+    virtual void SetXData(TKxCustomRealVector* vector);
+    TKxCustomRealVector* GetYData() const { return FY.Data; }
+    virtual void SetYData(TKxCustomRealVector* vector);
+    virtual TKxCustomRealVector* GetWeight() const { return FWeight; }
+    virtual void SetWeight(TKxCustomRealVector* vector);
+
+    TKxLineStyle& GetLineStyle() { return FLineStyle; }
+    void SetLineStyle(const TKxLineStyle& style) { FLineStyle.Assign(style); }
+    TKxAreaStyle& GetAreaStyle() { return FAreaStyle; }
+    void SetAreaStyle(const TKxAreaStyle& style) { FAreaStyle.Assign(style); }
+    TColor BackColor() const { return FBackColor; }  ///< what an exclusive-or fill takes for the background
+
+    TRange& XRange() { return FX.Range; }
+    TRange& YRange() { return FY.Range; }
+    int XMinIndex() const { return FX.MinIndex; }
+    int XMaxIndex() const { return FX.MaxIndex; }
+    int YMinIndex() const { return FY.MinIndex; }
+    int YMaxIndex() const { return FY.MaxIndex; }
+    int PointsCount() const { return FPointsCount; }
+    /// Device pixels from the data rectangle's top left corner, MissingPoint where a value is missing.
+    const TKxPointVector& Points() const { return FPoints; }
+    bool PointsNeedRecalc() const { return FPointsNeedRecalc; }
+    bool RangesNeedRecalc() const { return FRangesNeedRecalc; }
+    bool ChildsNeedRecalc() const { return FChildsNeedRecalc; }
+
+    /// Pixels of the graph panel; 0 without an axis.
+    int RealToIntX(double value) const;
+    int RealToIntY(double value) const;
+    double IntToRealX(int pixel) const;
+    double IntToRealY(int pixel) const;
+    /// The last point within `tolerance` device pixels of a pixel of the graph panel in both directions; -1 for none.
+    virtual int FindPoint(int x, int y, int tolerance) const;
+
+    void Modified() override;
+    void ChildModified();
+    void RangesModified();
+    /// While designing, points and graph follow at once.
+    void DsgnUpdate();
+    void RecalculateChilds();
+    void CalculatePoints() override;
+    void DrawLine() override;
+
+    /// Calculated children are known by the next three alone.
+    virtual bool IsCalculated() const { return false; }
+    virtual void Calculate() {}
+    virtual void CalculateLine() {}
+    /// Top-level children in drawing order; they are destroyed with this series.
+    TKxSeriesList& Childs() override { return FChilds; }
+    void AddChild(TKxSeries* child);
+    void RemoveChild(TKxSeries* child);
+
+    /// Followers of the vectors; see TKxValueIChangedEvent.
+    void FOnXIChanged(int index, bool wasDeleted);
+    void FOnYIChanged(int index, bool wasDeleted);
+    virtual void FOnWeightChanged(int index, bool wasDeleted);
+
+    void WriteToIni(TKxIniList& list, const std::string& section) override;
+    void ReadFromIni(TKxIniList& list, const std::string& section) override;
+    const TKxLineStyle* SampleLine() const override { return &FLineStyle; }
+    const TKxAreaStyle* SampleArea() const override { return &FAreaStyle; }
+    void Loaded() override;
+
+protected:
+    /// The points that both vectors have; sizes `Points`.
+    virtual void SetPointsCount();
+    /// How many values range scanning looks at.
+    virtual int XIdxNeeded() const;
+    virtual int YIdxNeeded() const;
+    /// Ranges from all values.
+    virtual void GetNewXStartStop();
+    virtual void GetNewYStartStop();
+    /// Ranges after value `index` changed: a scan of all only when an extreme moved inward.
+    virtual void CalcXValue(int index);
+    virtual void CalcYValue(int index);
+    virtual void CalculatePoint(int index);
+    /// Whether the class overrides one of the last three; otherwise all points are made in one go.
+    virtual bool HasOwnPointRule() const { return false; }
+
+    void Notification(TComponent* component, TOperation operation) override;
+    TKx2DGraph* Graph() const;
+    bool GraphIsUpdating() const;
+    /// Points and children are brought up to date; false when there is nothing to draw on, or not yet.
+    bool PrepareDrawing();
+    /// False when the points wait for the axes to take over new ranges, or cannot be made.
+    bool BringPointsUpToDate();
+    void AttachToGraph(TKx2DGraph& graph);
+
+    TKxSeriesDirection FX, FY;
+    TKxPointVector FPoints;
+    int FPointsCount = 0;
+
+private:
+    void LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis);
+    void ValueChanged(bool isX, int index, bool wasDeleted);
+    void AddNewPoints(bool isX, int first);
+    void MapPoints(int first, int end);
+    bool LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vector, const TKxValueIChangedEvent& event);
+    void DataLinked();
+    /// False when the points have to wait for the axes to take over new ranges.
+    bool RenewRanges();
+    void DrawArea(TCanvas& canvas);
+    void DrawPolylines(TCanvas& canvas);
+    void TestOrder();
+
+    TKxCustomRealVector* FWeight = nullptr;
+    TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
+    TKxLineStyle FLineStyle{this};
+    TKxAreaStyle FAreaStyle{this};
+    std::unique_ptr<TTimer> FOrderTimer;
+    TKxSeriesList FChilds;
+    TColor FBackColor = clWindow;
+    int FLastComponentIndex = -1;
+    bool FPointsNeedRecalc = true;
+    bool FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FAwaitsAxes = false;  ///< new ranges went to the axes, points come with the next paint
+};
+
+}  // namespace plotkit

@@ -1,0 +1,101 @@
+#include "series/KxSeriesDirection.h"
+
+#include <algorithm>
+#include <cmath>
+
+#include "graph/KxAxis.h"
+
+namespace plotkit {
+
+void TKxSeriesDirection::SetData(TKxCustomRealVector* data)
+{
+    Data = data;
+    FFollowed = dynamic_cast<TKxLiveVector*>(data) != nullptr;
+    Forget();
+}
+
+void TKxSeriesDirection::Scan(int count)
+{
+    MinIndex = MaxIndex = -1;
+    double min = 1.7e308, max = -1.7e308;
+    const std::span<const double> values = Data ? Data->Values() : std::span<const double>();
+    const int end = std::min(count, Count());
+    for (int i = 0; i < end; ++i) {
+        const double value = values[static_cast<std::size_t>(i)];
+        if (!std::isfinite(value))
+            continue;
+        if (value < min) {
+            min = value;
+            MinIndex = i;
+        }
+        if (value > max) {
+            max = value;
+            MaxIndex = i;
+        }
+    }
+    FKnown = count;
+    Range.SetStartStop(min, max);
+}
+
+bool TKxSeriesDirection::HasValues(int count) const
+{
+    if (!Data)
+        return false;
+    const auto values = Data->Values().first(static_cast<std::size_t>(std::clamp(count, 0, Count())));
+    return std::any_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
+}
+
+bool TKxSeriesDirection::RenewExtreme(int index, int count)
+{
+    if (!FFollowed || FKnown != count || index < 0 || index >= std::min(count, Count()))
+        return false;
+    const double value = Data->GetValue(index);
+    const double start = index == MinIndex ? value : Range.GetStart();
+    const double stop = index == MaxIndex ? value : Range.GetStop();
+    if (!std::isfinite(value) || start > Range.GetStart() || stop < Range.GetStop() || start > stop)
+        return false;
+    Range.SetStartStop(start, stop);
+    return true;
+}
+
+bool TKxSeriesDirection::Widen(int index)
+{
+    if (index < 0 || index >= Count())
+        return false;
+    if (index == FKnown)
+        ++FKnown;
+    else if (index > FKnown)
+        Forget();
+    const double value = Data->GetValue(index);
+    if (!std::isfinite(value))
+        return false;
+    // A scan would take the first of two equal extremes.
+    if ((value == Range.GetStart() && index < MinIndex) || (value == Range.GetStop() && index < MaxIndex))
+        Forget();
+    const TRangeChangedResult moved = Range.IfRangeChanged(value);
+    if (moved == rgMinChanged || moved == rgBothChanged)
+        MinIndex = index;
+    if (moved == rgMaxChanged || moved == rgBothChanged)
+        MaxIndex = index;
+    return moved != rgNotChanged;
+}
+
+bool TKxSeriesDirection::HasMoved() const
+{
+    return Axis && Mapping != Axis->Mapping();
+}
+
+void TKxSeriesDirection::EnterAxis()
+{
+    Range.OnChanged = TRangeChangedEvent::Bind<&TKxAxis::ValuesRangeChanged>(Axis);
+    Axis->ValueRanges().Add(&Range);
+}
+
+void TKxSeriesDirection::LeaveAxis()
+{
+    Range.OnChanged = nullptr;
+    if (Axis)
+        Axis->ValueRanges().Remove(&Range);
+}
+
+}  // namespace plotkit

@@ -1,0 +1,54 @@
+// The job of KxSeriesDirection is one of the two directions of a series: its axis, its values and the range kept of
+// them.
+#pragma once
+
+#include <optional>
+#include <span>
+
+#include "data/KxVector.h"
+#include "foundation/KxRange.h"
+#include "graph/KxAxisMapping.h"
+
+namespace plotkit {
+
+class TKxAxis;
+
+/// Values that are not finite are missing: they count for no range.
+struct TKxSeriesDirection
+{
+    TKxAxis* Axis = nullptr;
+    TKxCustomRealVector* Data = nullptr;
+    TRange Range;       ///< smallest and largest value; inverted while there is none
+    int MinIndex = -1;  ///< the point that holds the smallest value, -1 for none
+    int MaxIndex = -1;
+    std::optional<TKxAxisMapping> Mapping;  ///< what the points were made with
+
+    int Count() const { return Data ? Data->GetCount() : 0; }
+    bool IsEmptyRange() const { return Range.GetStart() > Range.GetStop(); }
+
+    /// Stores the vector; what was known of the old one's values is forgotten.
+    void SetData(TKxCustomRealVector* data);
+    /// Values changed in a way that was not followed one by one.
+    void Forget() { FKnown = -1; }
+
+    /// Range and indexes of the first `count` values, ties to the first; the range's listener is told once.
+    void Scan(int count);
+    /// Whether one of the first `count` values is not missing.
+    bool HasValues(int count) const;
+    /// Value `index`, which holds an extreme, was set: true when the range of the first `count` values is known without
+    /// looking at the others, because no extreme moved inward. It is then set, and the listener told, as `Scan` would.
+    bool RenewExtreme(int index, int count);
+    /// Widens the range to include value `index`; true when an end moved.
+    bool Widen(int index);
+    /// Whether the points were made with another mapping than the axis has now.
+    bool HasMoved() const;
+    /// Registers the range with the axis.
+    void EnterAxis();
+    void LeaveAxis();
+
+private:
+    bool FFollowed = false;  ///< the vector tells of its changes
+    int FKnown = 0;          ///< range and indexes are those of a scan over so many values; -1: not known
+};
+
+}  // namespace plotkit

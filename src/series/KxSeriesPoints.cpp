@@ -1,0 +1,234 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+
+#include "graph/KxAxis.h"
+#include "graph/KxDraw.h"
+#include "graph/KxGraph2D.h"
+#include "host/PixelMath.h"
+#include "series/KxSeries.h"
+
+namespace plotkit {
+
+namespace {
+
+TPoint DataOrigin(const TKxSeries& series)
+{
+    return series.World() ? series.World()->DataRect().TopLeft() : TPoint{};
+}
+
+}  // namespace
+
+void TKxSeries::SetPointsCount()
+{
+    FPointsCount = FX.Data && FY.Data ? std::min(FX.Count(), FY.Count()) : 0;
+    FPoints.SetCount(FPointsCount);
+}
+
+int TKxSeries::XIdxNeeded() const
+{
+    return std::min(FX.Count(), FPointsCount);
+}
+
+int TKxSeries::YIdxNeeded() const
+{
+    return std::min(FY.Count(), FPointsCount);
+}
+
+void TKxSeries::GetNewXStartStop()
+{
+    FX.Scan(XIdxNeeded());
+    Modified();
+}
+
+void TKxSeries::GetNewYStartStop()
+{
+    FY.Scan(YIdxNeeded());
+    Modified();
+}
+
+void TKxSeries::CalcXValue(int index)
+{
+    if (index != FX.MinIndex && index != FX.MaxIndex) {
+        if (FX.Widen(index))
+            Modified();
+    } else if (FX.RenewExtreme(index, XIdxNeeded()))
+        Modified();
+    else
+        GetNewXStartStop();
+}
+
+void TKxSeries::CalcYValue(int index)
+{
+    if (index != FY.MinIndex && index != FY.MaxIndex) {
+        if (FY.Widen(index))
+            Modified();
+    } else if (FY.RenewExtreme(index, YIdxNeeded()))
+        Modified();
+    else
+        GetNewYStartStop();
+}
+
+void TKxSeries::MapPoints(int first, int end)
+{
+    end = std::min({end, FPointsCount, FPoints.GetCount(), FX.Count(), FY.Count()});
+    if (first < 0 || first >= end || !FX.Axis || !FY.Axis)
+        return;
+    const auto from = static_cast<std::size_t>(first);
+    const auto count = static_cast<std::size_t>(end - first);
+    const auto xs = FX.Data->Values().subspan(from, count);
+    const auto ys = FY.Data->Values().subspan(from, count);
+    const auto points = FPoints.Write().subspan(from, count);
+    FX.Axis->Mapping().RealToIntX(xs, points);
+    FY.Axis->Mapping().RealToIntY(ys, points);
+    for (std::size_t i = 0; i < count; ++i)
+        if (!std::isfinite(xs[i]) || !std::isfinite(ys[i]))
+            points[i] = MissingPoint;
+}
+
+void TKxSeries::CalculatePoint(int index)
+{
+    if (index < FPointsCount)
+        MapPoints(index, index + 1);
+}
+
+bool TKxSeries::RenewRanges()
+{
+    const bool unscanned = FPointsCount > 0 && (FX.IsEmptyRange() || FY.IsEmptyRange());
+    if (!FRangesNeedRecalc && !unscanned)
+        return true;
+    // Nothing but missing values: looking again at each paint must not ask for another one.
+    const bool hopeless = !FRangesNeedRecalc && !(FX.HasValues(XIdxNeeded()) && FY.HasValues(YIdxNeeded()));
+    if (!hopeless) {
+        GetNewXStartStop();
+        GetNewYStartStop();
+        FRangesNeedRecalc = false;
+        FChildsNeedRecalc = true;
+        if (!FX.IsEmptyRange() && !FY.IsEmptyRange()) {
+            Modified();
+            if (TKx2DGraph* const graph = Graph())
+                graph->Modified();
+            return false;
+        }
+    }
+    FPointsCount = 0;
+    FPoints.SetCount(0);
+    return true;
+}
+
+void TKxSeries::CalculatePoints()
+{
+    FAwaitsAxes = false;
+    if (!FX.Data || !FY.Data || !FX.Axis || !FY.Axis) {
+        FPointsCount = 0;
+        FPoints.SetCount(0);
+        return;
+    }
+    SetPointsCount();
+    if (!RenewRanges()) {
+        FAwaitsAxes = true;
+        return;
+    }
+    for (TKxPlottable* const item : std::vector(FChilds.Items())) {
+        if (FChilds.IndexOf(item) < 0)
+            continue;
+        if (auto* const child = dynamic_cast<TKxSeries*>(item); child && child->IsCalculated())
+            child->CalculateLine();
+        item->Modified();
+    }
+    if (HasOwnPointRule())
+        for (int i = 0; i < FPointsCount; ++i)
+            CalculatePoint(i);
+    else
+        MapPoints(0, FPointsCount);
+    FX.Mapping = FX.Axis->Mapping();
+    FY.Mapping = FY.Axis->Mapping();
+    FPointsNeedRecalc = false;
+}
+
+void TKxSeries::AddNewPoints(bool isX, int first)
+{
+    const bool ownRule = HasOwnPointRule();
+    const auto follow = [this, ownRule](bool x, int i) {
+        if (ownRule)
+            x ? CalcXValue(i) : CalcYValue(i);
+        else
+            x ? TKxSeries::CalcXValue(i) : TKxSeries::CalcYValue(i);
+    };
+    const int last = FPointsCount - 1;  // the changed point itself, which its own direction handles later
+    for (int i = first; i <= last; ++i)
+        follow(!isX, i);
+    for (int i = first; i < last; ++i)
+        follow(isX, i);
+    if (!ownRule)
+        return MapPoints(first, last);
+    for (int i = first; i < last; ++i)
+        CalculatePoint(i);
+}
+
+void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
+{
+    FChildsNeedRecalc = true;
+    const int before = FPointsCount;
+    SetPointsCount();
+    if (!wasDeleted)
+        AddNewPoints(isX, before);
+    if (index > FPointsCount)
+        return;
+    if (wasDeleted)
+        return RangesModified();
+    if (isX)
+        CalcXValue(index);
+    else
+        CalcYValue(index);
+    CalculatePoint(index);
+    if (FX.HasMoved() || FY.HasMoved())
+        FPointsNeedRecalc = true;  // the others were made with another mapping
+    if (World())
+        World()->Invalidate();
+}
+
+void TKxSeries::FOnXIChanged(int index, bool wasDeleted)
+{
+    ValueChanged(true, index, wasDeleted);
+}
+
+void TKxSeries::FOnYIChanged(int index, bool wasDeleted)
+{
+    ValueChanged(false, index, wasDeleted);
+}
+
+int TKxSeries::RealToIntX(double value) const
+{
+    return FX.Axis ? AddPixels(FX.Axis->RealToIntPosition(value), DataOrigin(*this).X) : 0;
+}
+
+int TKxSeries::RealToIntY(double value) const
+{
+    return FY.Axis ? AddPixels(FY.Axis->RealToIntPosition(value), DataOrigin(*this).Y) : 0;
+}
+
+double TKxSeries::IntToRealX(int pixel) const
+{
+    return FX.Axis ? FX.Axis->IntToRealPosition(SaturatePixel(std::int64_t{pixel} - DataOrigin(*this).X)) : 0;
+}
+
+double TKxSeries::IntToRealY(int pixel) const
+{
+    return FY.Axis ? FY.Axis->IntToRealPosition(SaturatePixel(std::int64_t{pixel} - DataOrigin(*this).Y)) : 0;
+}
+
+int TKxSeries::FindPoint(int x, int y, int tolerance) const
+{
+    const std::int64_t left = std::int64_t{x} - DataOrigin(*this).X;
+    const std::int64_t top = std::int64_t{y} - DataOrigin(*this).Y;
+    const auto points = FPoints.Values();
+    for (int i = std::min(FPointsCount, FPoints.GetCount()) - 1; i >= 0; --i) {
+        const TPoint point = points[static_cast<std::size_t>(i)];
+        if (point != MissingPoint && std::abs(point.X - left) <= tolerance && std::abs(point.Y - top) <= tolerance)
+            return i;
+    }
+    return -1;
+}
+
+}  // namespace plotkit

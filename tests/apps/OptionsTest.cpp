@@ -1,0 +1,76 @@
+#include <gtest/gtest.h>
+
+#include "host/Errors.h"
+#include "plotkit/Options.h"
+
+namespace plotkit {
+namespace {
+
+TOptions Parse(std::vector<const char*> arguments)
+{
+    arguments.insert(arguments.begin(), "plotkit");
+    return ParseOptions(static_cast<int>(arguments.size()), arguments.data());
+}
+
+TEST(Options, AllOfThem)
+{
+    const TOptions options = Parse(
+        {"render",  "--x",       "t",     "--y",       "a,b",         "in.csv",   "--y",       "c",           "-o",
+         "out.PNG", "--x-scale", "time",  "--y-scale", "LogEE",       "--title",  "",          "--x-caption", "\\bt",
+         "--size",  "640x480",   "--dpi", "300",       "--antialias", "--points", "--no-line", "--grid"});
+    EXPECT_EQ(options.Command, pcRender);
+    EXPECT_EQ(options.File, "in.csv");
+    EXPECT_EQ(options.Output, "out.PNG");
+    EXPECT_EQ(options.X, "t");
+    EXPECT_EQ(options.Ys, (std::vector<std::string>{"a,b", "c"}));
+    EXPECT_EQ(options.XScale, scTime);
+    EXPECT_EQ(options.YScale, scLogEE);
+    EXPECT_EQ(options.Title, "");
+    EXPECT_EQ(options.XCaption, "\\bt");
+    EXPECT_EQ(options.YCaption, std::nullopt);
+    EXPECT_EQ(options.Width, 640);
+    EXPECT_EQ(options.Height, 480);
+    EXPECT_EQ(options.Dpi, 300);
+    EXPECT_TRUE(options.Antialias && options.Grid && options.MinorGrid && !options.Line);
+    EXPECT_EQ(options.Points, ooOn);
+    EXPECT_NE(Parse({"render", "--help"}).Answer.find("--antialias"), std::string::npos);
+    EXPECT_NE(Parse({"--version"}).Answer.find("0."), std::string::npos);
+}
+
+struct TBadCase
+{
+    std::vector<const char*> Arguments;
+    const char* Named;  ///< what the message has to name
+};
+
+TEST(Options, ErrorsNameTheOption)
+{
+    const TBadCase cases[] = {
+        {{}, "render or show"},
+        {{"draw", "in.csv"}, "draw"},
+        {{"render", "-o", "a.png"}, "FILE"},
+        {{"render", "in.csv"}, "--output: name the picture"},
+        {{"render", "in.csv", "-o", "a.jpg"}, "--output: \"a.jpg\" does not end in .png"},
+        {{"render", "in.csv", "-o", "a.png", "--size", "0x100"}, "--size: \"0x100\" is no size"},
+        {{"render", "in.csv", "-o", "a.png", "--size", "99999999999999999999x10"}, "--size"},
+        {{"render", "in.csv", "-o", "a.png", "--dpi", "x"}, "--dpi: \"x\" is no resolution"},
+        {{"render", "in.csv", "-o", "a.png", "--dpi", "4800"}, "--size and --dpi: a picture of 40000 x 30000"},
+        {{"render", "in.csv", "-o", "a.png", "--y-scale", "cubic"}, "--y-scale: \"cubic\" is no scale"},
+        {{"render", "in.csv", "-o", "a.png", "--no-points", "--no-line"}, "--no-line: with --no-points"},
+        {{"render", "in.csv", "-o", "a.png", "--grid", "--no-grid"}, "--no-grid"},
+        {{"show", "in.csv", "--colour"}, "--colour"},
+        {{"show", "in.csv", "--dpi", "96"}, "--dpi"},
+    };
+    for (const TBadCase& c : cases) {
+        try {
+            Parse(c.Arguments);
+            ADD_FAILURE() << "no error where " << c.Named << " was expected";
+        } catch (const EConvertError& error) {
+            EXPECT_NE(error.Message().find(c.Named), std::string::npos) << error.Message();
+            EXPECT_EQ(error.Message().find('\n'), std::string::npos) << error.Message();
+        }
+    }
+}
+
+}  // namespace
+}  // namespace plotkit

@@ -1,0 +1,186 @@
+#include <gtest/gtest.h>
+
+#include <cmath>
+#include <sstream>
+
+#include "data/KxVector.h"
+#include "graph/KxAxis.h"
+#include "host/DateTime.h"
+#include "host/Errors.h"
+#include "plotkit/DateCaption.h"
+#include "plotkit/GraphBuilder.h"
+#include "plotkit/GraphZoom.h"
+#include "plotkit/LogColumns.h"
+#include "series/KxDataSeries.h"
+
+namespace plotkit {
+namespace {
+
+TColumnChoice Choose(const std::string& text, const std::vector<std::string>& ys = {})
+{
+    std::istringstream stream(text);
+    return ChooseColumns(ReadCsv(stream, "data.csv"), std::nullopt, ys);
+}
+
+TColumnChoice ChooseFile(const std::string& file)
+{
+    return ChooseColumns(ReadCsvFile(PLOTKIT_SOURCE_DIR "/data/measured/" + file), std::nullopt, {});
+}
+
+std::vector<TKxDataSeries*> SeriesOf(const TPlot& plot)
+{
+    std::vector<TKxDataSeries*> series;
+    for (TComponent* component : plot.Form->Components())
+        if (auto* found = dynamic_cast<TKxDataSeries*>(component))
+            series.push_back(found);
+    return series;
+}
+
+TEST(Plot, SeriesHaveTheirOwnVectorsAndShareTheArrays)
+{
+    const TColumnChoice choice = Choose("t,a,b\n1,2,3\n2,,4\n3,4,5\n", {"a", "b"});
+    const TPlot plot = BuildPlot(choice, {});
+    const auto series = SeriesOf(plot);
+    ASSERT_EQ(series.size(), 2U);
+    EXPECT_NE(series[0]->GetXData(), series[1]->GetXData());
+    for (std::size_t i = 0; i < series.size(); ++i) {
+        EXPECT_TRUE(series[i]->GetXData()->Array().IsSharedWith(choice.X.Values));
+        EXPECT_TRUE(series[i]->GetYData()->Array().IsSharedWith(choice.Ys[i].Values));
+    }
+    EXPECT_NE(series[0]->GetLineStyle().GetColor(), series[1]->GetLineStyle().GetColor());
+    plot.Form->Picture();
+    const TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
+    EXPECT_LE(y.GetStart(), 2);
+    EXPECT_GE(y.GetStop(), 5);
+    EXPECT_EQ(y.GetCaption(), "a, b");
+}
+
+TEST(Plot, MeasuredFilesFillTheirAxes)
+{
+    const std::pair<const char*, const char*> files[] = {
+        {"mauna-loa-co2-monthly.csv", "X: year_month (date), Y: co2_ppm (820 values)"},
+        {"mauna-loa-co2-annual.csv", "X: year, Y: co2_ppm (67 values)"},
+        {"gistemp-annual.csv", "X: year, Y: anomaly_degC (144 values)"},
+        {"sunspots-monthly.csv", "X: decimal_year, Y: sunspot_number (3126 values)"},
+        {"buoy-44005-2012-10-11.csv", "X: year..minute (date), Y: wind_dir_deg (1398 values)"},
+        {"cu-foil-xafs.csv", "X: energy_eV, Y: i0 (408 values)"},
+        {"ecg-mitdb208-12s.csv", "X: time_s, Y: ecg_mV (4320 values)"},
+        {"xrd-rbnb2o5f.csv", "X: two_theta_deg, Y: counts (8758 values)"}};
+    for (const auto& [file, described] : files) {
+        const TColumnChoice choice = ChooseFile(file);
+        EXPECT_EQ(DescribeChoice(choice), described);
+        const TPlot plot = BuildPlot(choice, {});
+        plot.Form->Picture();
+        const TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
+        const bool hasDates = std::string(described).find("(date)") != std::string::npos;
+        EXPECT_EQ(x.GetScaling(), hasDates ? AxDateTime : AxNormal) << file;
+        // The data take up most of the axis, and none lies beyond it.
+        const double first = choice.X.Values[0], last = choice.X.Values[choice.X.Values.Length() - 1];
+        EXPECT_LE(x.GetStart(), first) << file;
+        EXPECT_GE(x.GetStop(), last) << file;
+        EXPECT_LT(x.GetStop() - x.GetStart(), 2 * (last - first)) << file;
+        EXPECT_GT(x.ScaleLabels().size(), 2U) << file;
+    }
+}
+
+TEST(Plot, OptionsDecideTheLook)
+{
+    const TColumnChoice choice = Choose("t,a\\_1\n1,2\n2,3\n");
+    TOptions options;
+    options.Line = false;
+    options.Grid = false;
+    options.Title = "\\bT\\b";
+    options.Width = 300;
+    options.Height = 200;
+    const TPlot plot = BuildPlot(choice, options);
+    TKxDataSeries& series = *SeriesOf(plot).at(0);
+    EXPECT_FALSE(series.GetLineStyle().GetVisible());
+    EXPECT_TRUE(series.GetPointStyle().GetVisible());
+    EXPECT_FALSE(plot.Graph->GetMajorGridX().GetVisible());
+    EXPECT_TRUE(plot.Graph->GetShowTitle());
+    EXPECT_EQ(plot.Graph->GetPrimaryYAxis()->GetCaption(), "a\\\\_1");
+    EXPECT_EQ(plot.Graph->Bounds(), (TRect{0, 0, 300, 200}));
+}
+
+TEST(Plot, LogarithmicAxesShowPositiveValuesAlone)
+{
+    TOptions options;
+    options.YScale = scLog;
+    TColumnChoice choice = Choose("t,a,b\n1,0,2\n2,0.03,1\n3,500,1\n4,,1\n", {"a", "b"});
+    const TArray<double> before = choice.Ys[1].Values;
+    EXPECT_EQ(FitToLogScales(choice, options),
+              std::vector<std::string>{"--y-scale: column \"a\": 1 value is not positive and left out"});
+    EXPECT_EQ(choice.Ys[0].ValueCount, 2U);
+    EXPECT_TRUE(choice.Ys[1].Values.IsSharedWith(before));
+    const TPlot plot = BuildPlot(choice, options);
+    plot.Form->Picture();
+    EXPECT_DOUBLE_EQ(plot.Graph->GetPrimaryYAxis()->GetStart(), 0.01);
+    EXPECT_DOUBLE_EQ(plot.Graph->GetPrimaryYAxis()->GetStop(), 1000);
+
+    choice = Choose("t,a\n1,0\n2,-3\n");
+    try {
+        FitToLogScales(choice, options);
+        ADD_FAILURE() << "no error";
+    } catch (const EConvertError& error) {
+        EXPECT_EQ(error.Message(), "--y-scale: column \"a\" has no positive value for a logarithm");
+    }
+}
+
+TEST(Plot, DateCaptionSaysWhatTheLabelsLeaveOut)
+{
+    const TPlot plot = BuildPlot(ChooseFile("buoy-44005-2012-10-11.csv"), {});
+    TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
+    EXPECT_EQ(x.GetCaption(), "date (2012)");
+    plot.Form->Picture();
+    EXPECT_EQ(x.GetCaption(), "date (2012)");
+    const double day = EncodeDateTime({2012, 10, 29, 0, 0, 0, 0});
+    x.ZoomIn(day, day + 1);
+    plot.Graph->Modified();
+    RefreshDateCaption(*plot.Graph, *plot.DateName);
+    EXPECT_EQ(x.GetCaption(), "date (2012-10-29)");
+    EXPECT_EQ(BuildPlot(ChooseFile("mauna-loa-co2-monthly.csv"), {}).Graph->GetPrimaryXAxis()->GetCaption(),
+              "year_month");
+}
+
+TEST(Plot, ZoomInBackAndAll)
+{
+    const TPlot plot = BuildPlot(ChooseFile("xrd-rbnb2o5f.csv"), {});
+    TForm& form = *plot.Form;
+    TGraphZoom zoom(*plot.Graph);
+    form.Picture();
+    const TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
+    const double start = x.GetStart(), stop = x.GetStop();
+    const TRect data = plot.Graph->World().DataRect();
+    const int midX = (data.Left + data.Right) / 2, midY = (data.Top + data.Bottom) / 2;
+
+    form.DispatchMouseWheel({}, 480, midX, midY);
+    form.Picture();
+    const double wheelWidth = x.GetStop() - x.GetStart();
+    EXPECT_LT(wheelWidth, 0.6 * (stop - start));
+
+    form.DispatchMouseDown(mbLeft, {}, midX, midY);
+    form.DispatchMouseMove({}, midX + 100, midY + 100);
+    form.DispatchMouseUp(mbLeft, {}, midX + 100, midY + 100);
+    form.Picture();
+    EXPECT_LT(x.GetStop() - x.GetStart(), 0.6 * wheelWidth);
+
+    TShiftState twice;
+    twice.Double = true;
+    form.DispatchMouseDown(mbRight, twice, midX, midY);
+    form.DispatchMouseUp(mbRight, {}, midX, midY);
+    form.Picture();
+    EXPECT_DOUBLE_EQ(x.GetStop() - x.GetStart(), wheelWidth);
+    form.DispatchKeyDown(kyBackspace, {});
+    form.Picture();
+    EXPECT_DOUBLE_EQ(x.GetStart(), start);
+    EXPECT_DOUBLE_EQ(x.GetStop(), stop);
+
+    form.DispatchMouseWheel({}, 120, midX, midY);
+    form.DispatchKeyDown(kyHome, {});
+    form.Picture();
+    EXPECT_DOUBLE_EQ(x.GetStop(), stop);
+    EXPECT_FALSE(x.CanZoomBack());
+}
+
+}  // namespace
+}  // namespace plotkit

@@ -1,0 +1,87 @@
+#!/usr/bin/env bash
+# commands.sh PROGRAM DATA: runs the program as a user does; every exit code, message and picture is checked.
+set -u
+program=$1
+data=$2
+export QT_QPA_PLATFORM=offscreen LC_ALL=C
+room=$(mktemp -d)
+trap 'rm -rf "$room"' EXIT
+cd "$room" || exit 1
+failures=0
+
+fail() {
+    echo "FAILED: $*"
+    failures=$((failures + 1))
+}
+
+# run CODE EXPECTED ARGUMENT...: EXPECTED stands in the output; on an error that is one line on stderr, and nothing else.
+run() {
+    local code=$1 expected=$2 got
+    shift 2
+    "$program" "$@" >out.txt 2>err.txt
+    got=$?
+    [ $got -eq "$code" ] || fail "$*: exit code $got instead of $code: $(cat err.txt)"
+    if [ "$code" -eq 0 ]; then
+        grep -qF -- "$expected" out.txt || fail "$*: no '$expected' in: $(cat out.txt)"
+    else
+        grep -qF -- "$expected" err.txt || fail "$*: no '$expected' in: $(cat err.txt)"
+        [ "$(wc -l <err.txt)" -eq 1 ] || fail "$*: more than one line: $(cat err.txt)"
+    fi
+}
+
+number_at() { # FILE OFFSET: four bytes, most significant first
+    od -An -tu1 -j "$2" -N 4 "$1" | awk '{ print (($1 * 256 + $2) * 256 + $3) * 256 + $4 }'
+}
+
+has_size() { # FILE WIDTH HEIGHT
+    [ "$(head -c 8 "$1" | od -An -tx1 | tr -d ' \n')" = 89504e470d0a1a0a ] || fail "$1 is no PNG"
+    [ "$(number_at "$1" 16) $(number_at "$1" 20)" = "$2 $3" ] || fail "$1 is not $2 x $3"
+}
+
+run 0 'X: year_month (date), Y: co2_ppm (820 values)' render "$data/mauna-loa-co2-monthly.csv" -o co2.png
+has_size co2.png 800 600
+run 0 'Y: i0 (408 values), itrans (408 values)' render "$data/cu-foil-xafs.csv" --y i0,3 --size 400x300 --dpi 192 -o cu.png
+has_size cu.png 800 600
+run 0 'X: two_theta_deg, Y: counts' render "$data/xrd-rbnb2o5f.csv" --y-scale log --antialias --title 'RbNb\-2' --size 640x400 \
+    -o xrd.png
+has_size xrd.png 640 400
+cmp -s co2.png cu.png && fail "two files, one picture"
+
+printf 'a,b\n1,2\n2,x\n3,y\n4,5\n5,6\n' >bad-cells.csv
+run 0 'X: a, Y: b (3 values)' render bad-cells.csv -o bad-cells.png
+grep -qF 'bad-cells.csv: line 3, column "b": "x" is no number, the first of 2 such cells' err.txt || fail "bad cells are not named"
+
+printf 'a,b\n1,2\n3,"4\n' >quote.csv
+printf 'a,b\n1,-2\n2,0\n' >negative.csv
+printf 'old picture' >kept.png
+cp kept.png before.png
+run 2 'missing.csv: there is no such file' render missing.csv -o kept.png
+run 2 'this is a directory' render "$room" -o kept.png
+run 2 'quote.csv: line 3, column 2 (b)' render quote.csv -o kept.png
+run 2 '--y-scale: column "b" has no positive value' render negative.csv --y-scale log -o kept.png
+run 2 '--size: "12" is no size' render negative.csv --size 12 -o kept.png
+run 2 '--output' render negative.csv
+run 2 'this is a directory' show "$room"
+cmp -s kept.png before.png || fail "a command that failed changed the picture"
+
+mkdir folder.png
+run 2 'nowhere/graph.png' render negative.csv -o nowhere/graph.png
+run 2 'folder.png' render negative.csv -o folder.png
+[ -z "$(ls -A folder.png)" ] || fail "something was written into folder.png"
+others=$(ls -A | grep -vE '^(co2|cu|xrd|bad-cells|kept|before|folder)\.png$|\.(csv|txt)$')
+[ -z "$others" ] || fail "left behind: $others"
+
+(failures=0; unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; run 2 'there is no display' show negative.csv; exit $failures)
+failures=$((failures + $?))
+
+run 0 'render' --help
+
+"$program" show "$data/ecg-mitdb208-12s.csv" >out.txt 2>err.txt &
+shown=$!
+sleep 1.5
+kill "$shown" 2>/dev/null || fail "show ended by itself: $(cat err.txt)"
+wait "$shown" 2>/dev/null
+grep -qF 'X: time_s, Y: ecg_mV (4320 values)' out.txt || fail "show says: $(cat out.txt err.txt)"
+
+[ $failures -eq 0 ] && echo "all commands behave"
+exit $((failures > 0))

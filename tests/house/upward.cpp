@@ -1,0 +1,1 @@
+#include "graph/KxPlottable.h"

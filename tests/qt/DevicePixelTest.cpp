@@ -1,0 +1,270 @@
+#include <gtest/gtest.h>
+
+#include <array>
+#include <cmath>
+#include <limits>
+#include <random>
+#include <tuple>
+#include <vector>
+
+#include "PixelSheet.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr int Far = std::numeric_limits<int>::max();
+constexpr int ShapeCount = 6;
+
+void DrawShape(int shape, TQtDevice& device, const TPenState& pen, const TBrushState& brush, const TDrawState& state)
+{
+    constexpr std::array<TPoint, 5> zigzag{{{5, 40}, {20, 8}, {33, 50}, {34, 10}, {58, 31}}};
+    constexpr std::array<TPoint, 3> triangle{{{30, 5}, {52, 47}, {8, 47}}};
+    constexpr TRect box{10, 12, 51, 40};
+    switch (shape) {
+        case 0:
+            return device.Line({50, 44}, {7, 3}, pen, state);
+        case 1:
+            return device.Polyline(zigzag, pen, state);
+        case 2:
+            return device.Polygon(triangle, pen, brush, state);
+        case 3:
+            return device.Ellipse(box, pen, brush, state);
+        case 4:
+            return device.Rectangle(box, pen, brush, state);
+        default:
+            return device.FocusRect(box, state);
+    }
+}
+
+}  // namespace
+
+TEST(Line, HasItsFirstAndNotItsLastPixel)
+{
+    constexpr TPoint from{20, 20};
+    for (int place = 0; place < 41 * 41; ++place) {
+        const TPoint to{place % 41, place / 41};
+        SCOPED_TRACE(std::to_string(to.X) + "," + std::to_string(to.Y));
+        TPixelSheet sheet(41, 41);
+        sheet.Device().Line(from, to, Pen(), {});
+        const auto marked = sheet.Marked();
+        const auto steps = static_cast<std::size_t>(std::max(std::abs(to.X - from.X), std::abs(to.Y - from.Y)));
+        EXPECT_EQ(marked.size(), steps);
+        EXPECT_EQ(marked.count({from.X, from.Y}), steps > 0 ? 1U : 0U);
+        EXPECT_EQ(marked.count({to.X, to.Y}), 0U);
+        for (const auto& [x, y] : marked) {
+            const int off = (x - from.X) * (to.Y - from.Y) - (y - from.Y) * (to.X - from.X);
+            EXPECT_LE(std::abs(off), 0.55 * static_cast<double>(steps));
+        }
+    }
+}
+
+TEST(Line, OfWidePenFillsWholePixels)
+{
+    const std::tuple<TPoint, int, TRect> cases[] = {{{30, 20}, 3, {19, 19, 31, 22}},
+                                                    {{10, 20}, 3, {10, 19, 22, 22}},
+                                                    {{20, 30}, 5, {18, 18, 23, 32}},
+                                                    {{30, 20}, 2, {19, 19, 30, 21}},
+                                                    {{20, 21}, 3, {19, 19, 22, 22}}};
+    for (const auto& [to, width, extent] : cases) {
+        TPixelSheet sheet;
+        sheet.Device().Line({20, 20}, to, Pen(psSolid, width), {});
+        EXPECT_EQ(sheet.Extent(), extent);
+        EXPECT_EQ(sheet.CountOf(Black), extent.Width() * extent.Height());
+    }
+}
+
+TEST(Polyline, HasBothEndsAndDroppedPointsAndPiecesLeaveNoTrace)
+{
+    TPixelSheet reduced(200, 170), full(200, 170), pieces(200, 170), one(200, 170), dot;
+    dot.Device().Polyline(std::array{TPoint{7, 9}, TPoint{7, 9}}, Pen(), {});
+    EXPECT_EQ(dot.Extent(), (TRect{7, 9, 8, 10}));
+    std::mt19937 random(7);
+    std::vector<TPoint> noise, wave;
+    QPolygonF noisy, wavy;
+    for (int i = 0; i < 4000; ++i) {
+        noise.push_back({i / 20, 10 + static_cast<int>(random() % 150)});
+        noisy << QPointF(noise.back().X, noise.back().Y);
+        wave.push_back({i * 180 / 4000 + 10, 80 + static_cast<int>(std::lround(60 * std::sin(i / 111.0)))});
+    }
+    wave.erase(std::unique(wave.begin(), wave.end()), wave.end());
+    for (const TPoint& point : wave)
+        wavy << QPointF(point.X + 0.5, point.Y + 0.5);
+    reduced.Device().Polyline(noise, Pen(), {});
+    full.Painter().setPen(QPen(Qt::black, 0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    full.Painter().drawPolyline(noisy.toPolygon());
+    EXPECT_TRUE(reduced.Image() == full.Image());
+    EXPECT_EQ(reduced.Extent().Right, 200);
+    pieces.Device().Polyline(wave, Pen(psSolid, 3), {});
+    one.Painter().setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    one.Painter().drawPolyline(wavy);
+    EXPECT_NEAR(pieces.CountOf(Black), one.CountOf(Black), 4);
+}
+
+TEST(Boxes, ExcludeRightAndBottom)
+{
+    for (const TRect& box : {TRect{10, 12, 21, 19}, TRect{10, 12, 12, 14}, TRect{10, 12, 11, 13}, TRect{10, 12, 40, 13},
+                             TRect{10, 12, 11, 40}, TRect{40, 50, 10, 12}, TRect{3, 4, 44, 45}, TRect{5, 5, 8, 9}}) {
+        const TRect inside{std::min(box.Left, box.Right), std::min(box.Top, box.Bottom), std::max(box.Left, box.Right),
+                           std::max(box.Top, box.Bottom)};
+        SCOPED_TRACE(std::to_string(inside.Width()) + "x" + std::to_string(inside.Height()));
+        const int area = inside.Width() * inside.Height();
+        const int within = std::max(0, inside.Width() - 2) * std::max(0, inside.Height() - 2);
+        TPixelSheet framed, bare, wide, oval, filledOval;
+        framed.Device().Rectangle(box, Pen(), Brush(), {});
+        EXPECT_EQ(framed.CountOf(Black), area - within);
+        EXPECT_EQ(framed.CountOf(Red), within);
+        bare.Device().Rectangle(box, NoPen, Brush(), {});
+        EXPECT_EQ(bare.CountOf(Red), area);
+        wide.Device().Rectangle(box, Pen(psInsideFrame, 3), Brush(), {});
+        EXPECT_EQ(wide.CountOf(Black) + wide.CountOf(Red), area);
+        oval.Device().Ellipse(box, Pen(), NoBrush, {});
+        filledOval.Device().Ellipse(box, NoPen, Brush(), {});
+        for (const TPixelSheet* sheet : {&framed, &bare, &wide, &oval, &filledOval})
+            EXPECT_EQ(sheet->Extent(), inside);
+    }
+    TPixelSheet nothing, focus;
+    nothing.Device().Rectangle({10, 10, 10, 30}, Pen(), Brush(), {});
+    nothing.Device().Ellipse({10, 10, 30, 10}, Pen(), Brush(), {});
+    nothing.Device().FocusRect({10, 10, 10, 10}, {});
+    EXPECT_TRUE(nothing.Marked().empty());
+    focus.Device().FocusRect({40, 30, 10, 11}, {});
+    EXPECT_EQ(focus.CountOf(Black), 2 * (30 + 19 - 2) / 2) << "every other pixel";
+    for (const auto& [x, y] : focus.Marked())
+        EXPECT_TRUE(x == 10 || x == 39 || y == 11 || y == 29);
+}
+
+TEST(Shapes, StandSymmetrically)
+{
+    for (int size = 2; size < 22; ++size) {
+        SCOPED_TRACE(size);
+        const TRect box{30 - size, 30 - size, 31 + size, 31 + size};
+        TPixelSheet triangle(61, 61), circle(61, 61);
+        const std::array corners{TPoint{30, box.Top}, TPoint{30 + size, 30 + size}, TPoint{box.Left, 30 + size}};
+        triangle.Device().Polygon(corners, Pen(), Brush(), {});
+        circle.Device().Ellipse(box, Pen(), Brush(), {});
+        EXPECT_EQ(triangle.Extent(), box);
+        EXPECT_TRUE(triangle.Image() == triangle.Image().mirrored(true, false));
+        EXPECT_TRUE(circle.Image() == circle.Image().mirrored(true, true));
+    }
+}
+
+TEST(ExclusiveOr, TogglesBitsAndIsUndoneByTheSameShape)
+{
+    constexpr TDrawState toggle{dmXor, NoClip};
+    TPixelSheet sheet(64, 64, 0xFF3366CC);
+    const QImage before = sheet.Image().copy();
+    for (int shape = 0; shape < ShapeCount; ++shape) {
+        for (const TPenState& pen : {Pen(), Pen(psSolid, 4), Pen(psDash), Pen(psDot, 3), NoPen}) {
+            for (const TBrushState& brush : {NoBrush, Brush(), Brush(bsDiagonalCross)}) {
+                SCOPED_TRACE(std::to_string(shape) + " " + std::string(PenStyleNames[pen.Style]));
+                TPenState toggling = pen;
+                toggling.Color = RgbColor(255, 0, 170);
+                DrawShape(shape, sheet.Device(), toggling, brush, toggle);
+                EXPECT_TRUE(pen.Style == psClear || !(sheet.Image() == before));
+                DrawShape(shape, sheet.Device(), toggling, brush, toggle);
+                EXPECT_TRUE(sheet.Image() == before);
+            }
+        }
+    }
+    sheet.Device().Rectangle({10, 10, 30, 30}, Pen(psSolid, 1, clWhite), Brush(), toggle);
+    EXPECT_EQ(sheet.CountOf(0xFFCC9933), 4 * 19);
+    EXPECT_EQ(sheet.CountOf(0xFFCC66CC), 18 * 18);
+}
+
+TEST(Clip, LetsOnlyItsPixelsThroughAndEndsWithTheCall)
+{
+    const TRect clip{8, 15, 37, 30};
+    for (int shape = 0; shape < ShapeCount; ++shape) {
+        SCOPED_TRACE(shape);
+        TPixelSheet whole, cut;
+        DrawShape(shape, whole.Device(), Pen(), Brush(), {});
+        DrawShape(shape, cut.Device(), Pen(), Brush(), {dmCopy, clip});
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x)
+                EXPECT_EQ(cut.Image().pixel(x, y), clip.Contains({x, y}) ? whole.Image().pixel(x, y) : White);
+        cut.Device().Rectangle({0, 0, 64, 64}, NoPen, Brush(), {});
+        EXPECT_EQ(cut.CountOf(Red), 64 * 64);
+    }
+}
+
+TEST(Dashes, FollowTheirPatterns)
+{
+    const std::tuple<TPenStyle, int, std::string> cases[] = {{psDash, 0, "####.."},
+                                                             {psDot, 1, "#.."},
+                                                             {psDashDot, 0, "####..#.."},
+                                                             {psDashDotDot, 1, "####..#..#.."},
+                                                             {psDash, 2, "########...."},
+                                                             {psDot, 2, "##...."},
+                                                             {psDashDot, 2, "########....##...."}};
+    for (const auto& [style, width, period] : cases) {
+        SCOPED_TRACE(std::string(PenStyleNames[style]) + " " + std::to_string(width));
+        TPixelSheet line, polyline;
+        line.Device().Line({5, 20}, {60, 20}, Pen(style, width), {});
+        std::vector<TPoint> points;
+        for (int x = 5; x <= 60; ++x)
+            points.push_back({x, 20});
+        polyline.Device().Polyline(points, Pen(style, width), {});
+        std::string expected, drawn, drawnOn;
+        for (int x = 5; x < 60; ++x) {
+            expected += period[static_cast<std::size_t>(x - 5) % period.size()];
+            drawn += line.Image().pixel(x, 20) == Black ? '#' : '.';
+            // The end of a wide polyline stands half a width before its first point.
+            drawnOn += polyline.Image().pixel(x - width / 2, 20) == Black ? '#' : '.';
+        }
+        EXPECT_EQ(drawn, expected);
+        EXPECT_EQ(drawnOn, expected);
+    }
+}
+
+TEST(Hatches, HaveTheirDirectionsAndGrowWithTheScale)
+{
+    const std::tuple<TBrushStyle, TPoint, TPoint, TPoint> cases[] = {{bsHorizontal, {3, 0}, {5, 8}, {5, 4}},
+                                                                     {bsVertical, {0, 3}, {8, 5}, {4, 5}},
+                                                                     {bsForwardDiagonal, {3, 3}, {12, 4}, {3, 5}},
+                                                                     {bsBackwardDiagonal, {3, 5}, {5, 3}, {3, 3}},
+                                                                     {bsCross, {3, 0}, {0, 3}, {3, 3}},
+                                                                     {bsDiagonalCross, {3, 3}, {3, 5}, {3, 4}}};
+    for (const int scale : {1, 3}) {
+        for (const auto& [style, on, alsoOn, off] : cases) {
+            TPixelSheet sheet(96, 96);
+            TQtDevice(sheet.Painter(), scale).Rectangle({0, 0, 96, 96}, NoPen, Brush(style), {});
+            const auto at = [&, &image = sheet.Image()](TPoint p) { return image.pixel(p.X * scale, p.Y * scale); };
+            EXPECT_TRUE(at(on) == Red && at(alsoOn) == Red && at(off) == White) << BrushStyleNames[style] << scale;
+        }
+    }
+}
+
+TEST(FarCoordinates, KeepWhatIsVisible)
+{
+    const std::array spike{TPoint{10, 30}, TPoint{10, Far}, TPoint{Far, Far}, TPoint{Far, 30}};
+    TPixelSheet line, filled, wide, boxed;
+    line.Device().Line({-Far - 1, 20}, {Far, 20}, Pen(), {});
+    EXPECT_EQ(line.Extent(), (TRect{0, 20, 64, 21}));
+    filled.Device().Polygon(spike, Pen(), Brush(), {});
+    EXPECT_EQ(filled.Extent(), (TRect{10, 30, 64, 64}));
+    EXPECT_EQ(filled.CountOf(Red), 53 * 33);
+    wide.Device().Polyline(spike, Pen(psSolid, 3), {});
+    EXPECT_EQ(wide.Extent(), (TRect{9, 29, 12, 64}));
+    boxed.Device().Rectangle({10, 12, Far, Far}, Pen(), Brush(), {});
+    boxed.Device().Ellipse({-Far, -Far, Far, Far}, Pen(psSolid, Far), NoBrush, {});
+    boxed.Device().FocusRect({-Far, -Far, Far, Far}, {});
+    EXPECT_EQ(boxed.CountOf(Red), 53 * 51);
+}
+
+TEST(Antialiased, LinesOnMultiplesOfTheFinenessAreSharp)
+{
+    TPixelSheet sheet;
+    sheet.Painter().setRenderHint(QPainter::Antialiasing);
+    sheet.Painter().scale(0.25, 0.25);
+    TQtDevice device(sheet.Painter(), 4);
+    device.Line({40, 80}, {160, 80}, Pen(psSolid, 4), {});
+    device.Line({40, 160}, {40, 80}, Pen(psSolid, 4), {});
+    device.Rectangle({80, 100, 160, 140}, Pen(psSolid, 4), Brush(), {});
+    constexpr int black = 30 + 20 + 2 * (20 + 10 - 2), red = 18 * 8;
+    EXPECT_EQ(sheet.CountOf(Black), black);
+    EXPECT_EQ(sheet.CountOf(Red), red);
+    EXPECT_EQ(sheet.Marked().size(), std::size_t{black + red});
+}
+
+}  // namespace plotkit
