@@ -1,6 +1,7 @@
 #include "foundation/KxLargeIni.h"
 
 #include "foundation/KxStrings.h"
+#include "host/NumberFormat.h"
 
 namespace plotkit {
 
@@ -71,6 +72,12 @@ TKxIniList::TText TKxIniList::FindValue(TText section, TText ident) const
         if (IsEntry((*this)[i], ident))
             return TText((*this)[i]).substr(ident.size() + 1);
     return {};
+}
+
+void TKxIniList::NoteUnless(bool usable, TText section, TText ident) const
+{
+    if (!usable && FProblems)
+        FProblems->push_back({std::string(section), std::string(ident), std::string(FindValue(section, ident))});
 }
 
 void TKxIniList::Touch()
@@ -168,6 +175,7 @@ int TKxIniList::ReadInteger(TText section, TText ident, int byDefault) const
     std::string text = ReadString(section, ident, {});
     if (text.empty())
         return byDefault;
+    NoteUnless(ParseInteger(text).has_value(), section, ident);
     try {
         return ExtractOneInt(text);
     } catch (const EConvertError&) {
@@ -183,7 +191,11 @@ void TKxIniList::WriteInteger(TText section, TText ident, int value)
 bool TKxIniList::ReadBool(TText section, TText ident, bool byDefault) const
 {
     const TText value = FindValue(section, ident);
-    return value.empty() ? byDefault : value == "1" || SameText(value, "TRUE");
+    if (value.empty())
+        return byDefault;
+    const bool isTrue = value == "1" || SameText(value, "TRUE");
+    NoteUnless(isTrue || value == "0" || SameText(value, "FALSE"), section, ident);
+    return isTrue;
 }
 
 void TKxIniList::WriteBool(TText section, TText ident, bool value)
@@ -196,6 +208,7 @@ double TKxIniList::ReadReal(TText section, TText ident, double byDefault) const
     TText text = FindValue(section, ident);
     if (text.empty())
         return byDefault;
+    NoteUnless(ParseReal(text).has_value(), section, ident);
     try {
         return ExtractOneReal(text);
     } catch (const EConvertError&) {

@@ -1,4 +1,4 @@
-// The job of KxLargeIni is a store of settings in INI form, held in memory as lines and, if wanted, bound to a file.
+// The job of KxLargeIni is a store of settings in INI form, held in memory as lines.
 //
 // A section starts with "[name]" and ends before the next line that begins with "["; sections made here follow an empty
 // line. Entries are "ident=value", the value as it stands. Names are compared without regard to letter case. Reals have
@@ -20,6 +20,14 @@ class TKxCustomRealVector;
 class TKxLineStyle;
 class TKxRealVector;
 
+/// A value that a reader found and could not use, or not whole.
+struct TKxIniProblem
+{
+    std::string Section, Ident, Value;
+
+    friend bool operator==(const TKxIniProblem&, const TKxIniProblem&) = default;
+};
+
 /// Readers never fail: what is missing or cannot be read is the default, or stays as it is. Readers into objects apply
 /// what they read through the object's setters, with the present values as defaults.
 class TKxIniList : public TStringList
@@ -30,6 +38,8 @@ public:
     /// Set by every write and erase, never cleared by the list itself.
     bool GetModified() const { return FModified; }
     void SetModified(bool modified) { FModified = modified; }
+    /// Where readers of single values note what they cannot use; nullptr: nowhere.
+    void SetProblems(std::vector<TKxIniProblem>* problems) { FProblems = problems; }
 
     bool SectionExists(TText section) const;
     /// Names of all sections; names of a section's entries; its lines but the empty ones.
@@ -62,7 +72,10 @@ public:
     TEnum ReadOrdinal(TText section, TText ident, TEnum byDefault, std::size_t count) const
     {
         const int ordinal = ReadInteger(section, ident, static_cast<int>(byDefault));
-        return ordinal >= 0 && static_cast<std::size_t>(ordinal) < count ? static_cast<TEnum>(ordinal) : byDefault;
+        if (ordinal >= 0 && static_cast<std::size_t>(ordinal) < count)
+            return static_cast<TEnum>(ordinal);
+        NoteUnless(false, section, ident);
+        return byDefault;
     }
 
     void ReadFont(TText section, TText prefix, TFont& font) const;
@@ -115,6 +128,7 @@ protected:
 private:
     int FindHeader(TText section) const;
     TText FindValue(TText section, TText ident) const;  ///< nothing to point at when there is no such entry
+    void NoteUnless(bool usable, TText section, TText ident) const;
     void Touch();
     void ForgetHeaders() { FHeadersLines = -1; }
     void IndexHeaders() const;
@@ -122,29 +136,9 @@ private:
 
     mutable std::unordered_map<std::string, int> FHeaders;  ///< first line of each header, in upper case
     mutable int FHeadersLines = -1;                         ///< lines the list had when the headers were looked up
+    std::vector<TKxIniProblem>* FProblems = nullptr;
     int FWriteCount = 0;
     bool FModified = false;
-};
-
-/// A list that is loaded from a file and written back in the end if it was written to.
-class TKxLargeIniFile : public TKxIniList
-{
-public:
-    /// A file that does not exist is an empty one. EFileError.
-    explicit TKxLargeIniFile(std::string fileName);
-    TKxLargeIniFile(const TKxLargeIniFile&) = delete;
-    TKxLargeIniFile& operator=(const TKxLargeIniFile&) = delete;
-    /// Saves what was written and not saved yet. EFileError, but silent while another exception is on its way.
-    ~TKxLargeIniFile() noexcept(false) override;
-
-    const std::string& GetFilename() const { return FFilename; }
-    /// Without empty lines at the start; the file is replaced as a whole. EFileError.
-    void Save();
-
-private:
-    std::string FFilename;
-    int FSavedWrites = -1;
-    int FExceptionsBefore;
 };
 
 }  // namespace plotkit

@@ -1,6 +1,6 @@
-#include <exception>
+#include "foundation/KxLargeIniFile.h"
 
-#include "foundation/KxLargeIni.h"
+#include <exception>
 
 namespace plotkit {
 

@@ -6,6 +6,8 @@
 
 namespace plotkit {
 
+class TKxIniList;
+
 /// A control that lists the items of the graph it stands in. A descendant enters itself with the graph's `Attach`.
 class TKxAttachedLegend : public TControl
 {
@@ -18,6 +20,10 @@ public:
     virtual TKxAxisPos GetInGraphPosition() const = 0;
     /// Room on either side of the legend, 1/96 inch.
     virtual int GetOutsideGap() const = 0;
+
+    /// Look and place, in 1/96 inches. Missing keys keep what is set.
+    virtual void SaveOutfit(const std::string& section, TKxIniList& list) = 0;
+    virtual void LoadOutfit(const std::string& section, TKxIniList& list) = 0;
 };
 
 }  // namespace plotkit

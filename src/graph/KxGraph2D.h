@@ -88,6 +88,8 @@ public:
     const TMetafile& GetMetafile();
     void CopyToClipboard();
 
+    /// Own keys, then axes, series, and whatever legends, labels and result labels of the form stand in the graph and
+    /// have a name.
     void SaveOutfit(const std::string& section, TKxIniList& list);
     /// Missing keys keep what is set. Series beyond the saved ones reuse the saved sections in turn.
     void LoadOutfit(const std::string& section, TKxIniList& list);
@@ -108,6 +110,10 @@ protected:
 private:
     TComponent& AxesOwner();
     std::vector<TKxAxis*> AxesInside();
+    template <class TPart>
+    std::vector<TPart*> PartsInside();
+    template <class TAction>
+    void ForEachAnnotation(const std::string& section, TAction action);
     void FindPrimaryAxes();
     void SetGrid(TKxLineStyle& grid, const TKxLineStyle& style);
     void CalculateIfDue();

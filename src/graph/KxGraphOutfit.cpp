@@ -1,6 +1,8 @@
 #include "foundation/KxLargeIni.h"
+#include "graph/KxAttached.h"
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
+#include "graph/KxResultLabel.h"
 
 namespace plotkit {
 
@@ -12,6 +14,28 @@ std::string SeriesSection(const std::string& section, int number)
 }
 
 }  // namespace
+
+template <class TPart>
+std::vector<TPart*> TKx2DGraph::PartsInside()
+{
+    std::vector<TPart*> parts;
+    for (TComponent* component : AxesOwner().Components())
+        if (auto* part = dynamic_cast<TPart*>(component); part && part->Parent() == this && !part->GetName().empty())
+            parts.push_back(part);
+    return parts;
+}
+
+template <class TAction>
+void TKx2DGraph::ForEachAnnotation(const std::string& section, TAction action)
+{
+    const auto visit = [&](auto parts) {
+        for (auto* part : parts)
+            action(*part, section + "." + part->GetName());
+    };
+    visit(PartsInside<TKxAttachedLegend>());
+    visit(PartsInside<TKxLabel>());
+    visit(PartsInside<TKxResultLabel>());
+}
 
 void TKx2DGraph::SaveOutfit(const std::string& section, TKxIniList& list)
 {
@@ -32,6 +56,7 @@ void TKx2DGraph::SaveOutfit(const std::string& section, TKxIniList& list)
     list.WriteInteger(section, "SeriesCount", series.Count());
     for (int i = 0; i < series.Count(); ++i)
         series[i]->WriteToIni(list, SeriesSection(section, i + 1));
+    ForEachAnnotation(section, [&](auto& part, const std::string& own) { part.SaveOutfit(own, list); });
 }
 
 void TKx2DGraph::LoadOutfit(const std::string& section, TKxIniList& list)
@@ -50,11 +75,10 @@ void TKx2DGraph::LoadOutfit(const std::string& section, TKxIniList& list)
     for (TKxAxis* axis : AxesInside())
         axis->LoadOutfit(section + "." + axis->GetName(), list);
     const int saved = list.ReadInteger(section, "SeriesCount", 0);
-    if (saved <= 0)
-        return;
     const TKxSeriesList& series = GetSeriesList();
-    for (int i = 0; i < series.Count(); ++i)
+    for (int i = 0; saved > 0 && i < series.Count(); ++i)
         series[i]->ReadFromIni(list, SeriesSection(section, i % saved + 1));
+    ForEachAnnotation(section, [&](auto& part, const std::string& own) { part.LoadOutfit(own, list); });
 }
 
 }  // namespace plotkit

@@ -9,6 +9,8 @@
 
 namespace plotkit {
 
+class TKxIniList;
+
 enum TAlignment : std::uint8_t
 {
     taLeftJustify,
@@ -50,6 +52,10 @@ public:
     int TextHeight() const { return FTextHeight; }
     int TextWidth() const { return FTextWidth; }
 
+    /// Look and place, in 1/96 inches. Missing keys keep what is set.
+    virtual void SaveOutfit(const std::string& section, TKxIniList& list);
+    virtual void LoadOutfit(const std::string& section, TKxIniList& list);
+
     void SetBounds(int left, int top, int width, int height) override;
     void AdjustBounds() override;
 
@@ -83,6 +89,10 @@ public:
 
     static const TClassInfo Class;
     const TClassInfo& ClassInfo() const override { return Class; }
+
+    /// The caption, then as all labels.
+    void SaveOutfit(const std::string& section, TKxIniList& list) override;
+    void LoadOutfit(const std::string& section, TKxIniList& list) override;
 };
 
 }  // namespace plotkit

@@ -6,7 +6,7 @@
 
 #include "foundation/KxArithm.h"
 #include "foundation/KxConsts.h"
-#include "foundation/KxLargeIni.h"
+#include "foundation/KxLargeIniFile.h"
 #include "host/CheckedMath.h"
 #include "host/Errors.h"
 

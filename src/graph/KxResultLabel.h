@@ -32,6 +32,10 @@ public:
     /// Reads the result again. Series call it whenever their results change.
     void SetResult();
 
+    /// As all labels, then the digits; which result is shown belongs to the form.
+    void SaveOutfit(const std::string& section, TKxIniList& list) override;
+    void LoadOutfit(const std::string& section, TKxIniList& list) override;
+
 protected:
     void Notification(TComponent* component, TOperation operation) override;
 

@@ -95,6 +95,8 @@ public:
     double PixelScale() const;
     /// Device pixels of `value` 1/96 inches.
     int Px(int value) const { return ScalePixels(value, PixelScale()); }
+    /// The reverse.
+    int StoredPx(int pixels) const { return ScalePixels(pixels, 1 / PixelScale()); }
 
     TEvent<> OnClick, OnDblClick;
     TMouseEvent OnMouseDown, OnMouseUp;

@@ -1,4 +1,4 @@
-#include "foundation/KxLargeIni.h"
+#include "foundation/KxLargeIniFile.h"
 
 #include <gtest/gtest.h>
 #include <unistd.h>
@@ -57,7 +57,15 @@ TEST(LargeIni, ReadsValuesOrDefaults)
         EXPECT_EQ(list.ReadReal("S", ident, 3.5), 3.5) << ident;
     }
     EXPECT_EQ(list.ReadReal("S", "real", 0), 2.5);
+    std::vector<TKxIniProblem> problems;
+    list.SetProblems(&problems);
     EXPECT_FALSE(list.ReadBool("S", "yes", true));
+    EXPECT_EQ(list.ReadInteger("S", "bad", 7), 7);
+    EXPECT_EQ(list.ReadOrdinal("S", "Color", psDash, PenStyleNames.size()), psDash);
+    list.ReadReal("S", "none", 1);
+    EXPECT_EQ(problems,
+              (std::vector<TKxIniProblem>{{"S", "yes", "yes"}, {"S", "bad", "-"}, {"S", "Color", "255"}}));
+    list.SetProblems(nullptr);
     EXPECT_TRUE(list.ReadBool("S", "true", false) && list.ReadBool("S", "empty", true));
     list.WriteRealDigits("S", "short", 1.0 / 3, 5);
     EXPECT_EQ(list.ReadString("S", "short", ""), "0.333");

@@ -70,6 +70,11 @@ public:
     void ItemsModified() override { ++Refreshed; }
     TKxAxisPos GetInGraphPosition() const override { return Side; }
     int GetOutsideGap() const override { return 4; }
+    void SaveOutfit(const std::string& section, TKxIniList& list) override { list.WriteInteger(section, "Side", Side); }
+    void LoadOutfit(const std::string& section, TKxIniList& list) override
+    {
+        Side = list.ReadOrdinal(section, "Side", Side, AxisPosNames.size());
+    }
 
     int Refreshed = 0;
     TKxAxisPos Side = AxRightPos;

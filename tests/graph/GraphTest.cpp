@@ -1,5 +1,5 @@
 #include "graph/GraphFixture.h"
-#include "graph/KxLabel.h"
+#include "graph/KxResultLabel.h"
 #include "host/Errors.h"
 
 namespace plotkit {
@@ -232,6 +232,44 @@ TEST_F(TGraphTest, OutfitIsRestoredAndReusedInTurn)
     Graph->LoadOutfit("None", list);
     EXPECT_EQ(Names(World().SeriesList()), "ABA");
     World().SeriesList().Clear();
+}
+
+TEST_F(TGraphTest, OutfitHoldsLegendsAndLabels)
+{
+    TFakeLegend legend(&Form);
+    TKxLabel label(&Form), elsewhere(&Form), nameless(&Form);
+    TKxResultLabel result(&Form);
+    const std::pair<TControl*, const char*> parts[] = {
+        {&result, "Result"}, {&label, "Label"}, {&elsewhere, "Elsewhere"}, {&legend, "Legend"}};
+    for (const auto& [part, name] : parts) {
+        part->SetName(name);
+        part->SetParent(part == &elsewhere ? static_cast<TWindowControl*>(&Form) : Graph);
+    }
+    nameless.SetParent(Graph);
+    Form.SetPixelScale(2);
+    label.SetCaption("k = \\+2");
+    label.SetAngle(450);
+    label.SetBounds(60, 40, label.GetWidth(), label.GetHeight());
+    legend.Side = AxTopPos;
+    result.SetDigits(5);
+    TKxIniList list, again;
+    Graph->SaveOutfit("G", list);
+    TStringList sections;
+    list.ReadSections(sections);
+    EXPECT_LT(sections.IndexOf("G.Legend"), sections.IndexOf("G.Label"));
+    EXPECT_EQ(sections.IndexOf("G.Result"), sections.Count() - 1);
+    EXPECT_EQ(sections.IndexOf("G.Elsewhere"), -1);
+    EXPECT_EQ(list.ReadString("G.Label", "XPosition", ""), "30");
+
+    Form.SetPixelScale(1);
+    label.SetCaption("other");
+    label.SetAngle(0);
+    label.SetBounds(1, 2, 3, 4);
+    legend.Side = AxLeftPos;
+    result.SetDigits(0);
+    Graph->LoadOutfit("G", list);
+    Graph->SaveOutfit("G", again);
+    EXPECT_EQ(again.Text(), list.Text());
 }
 
 }  // namespace
