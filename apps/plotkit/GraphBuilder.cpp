@@ -1,23 +1,17 @@
 #include "plotkit/GraphBuilder.h"
 
 #include <algorithm>
-#include <array>
 
 #include "data/KxVector.h"
 #include "graph/KxAxis.h"
+#include "plotkit/ColourScheme.h"
 #include "plotkit/DateCaption.h"
+#include "plotkit/LookFile.h"
 #include "series/KxDataSeries.h"
 
 namespace plotkit {
 namespace {
 
-// Told apart with every kind of colour vision (M. Okabe, K. Ito, "Color Universal Design", 2008); without the yellow,
-// which is too pale on white.
-constexpr std::array Palette{RgbColor(0, 114, 178),   RgbColor(213, 94, 0),   RgbColor(0, 158, 115),
-                             RgbColor(204, 121, 167), RgbColor(86, 180, 233), RgbColor(230, 159, 0),
-                             RgbColor(0, 0, 0)};
-constexpr TColor MajorGridColor = RgbColor(216, 216, 216);
-constexpr TColor MinorGridColor = RgbColor(238, 238, 238);
 constexpr int Margin = 8;
 constexpr std::size_t MostNamesInCaption = 3;
 
@@ -30,12 +24,12 @@ std::string CaptionOf(const std::string& name)
     return caption;
 }
 
-void SetFont(TFont& font, int size)
+void SetFont(TFont& font, int size, TColor ink)
 {
     TFontState state = font.State();
     state.Name = "Arial";
     state.Size = size;
-    state.Color = clBlack;
+    state.Color = ink;
     font.SetState(state);
 }
 
@@ -64,15 +58,23 @@ TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
     return isDateTime ? AxDateTime : AxNormal;
 }
 
-void SetLook(TKxAxis& axis, const std::string& caption)
+void SetCaption(TKxAxis& axis, const std::string& caption)
 {
-    SetFont(axis.GetFont(), 10);
-    SetFont(axis.GetCaptionFont(), 11);
-    axis.SetScalingsTicksGap(3);
-    axis.SetCaptionScalingsGap(4);
     axis.SetDoUserCaption(true);
     axis.SetUserCaption(caption);
     axis.SetShowCaption(!caption.empty());
+}
+
+void SetLook(TKxAxis& axis, const std::string& caption, TColor ink)
+{
+    SetFont(axis.GetFont(), 10, ink);
+    SetFont(axis.GetCaptionFont(), 11, ink);
+    axis.SetAxisColor(ink);
+    axis.SetTickColor(ink);
+    axis.SetMajorTickColor(ink);
+    axis.SetScalingsTicksGap(3);
+    axis.SetCaptionScalingsGap(4);
+    SetCaption(axis, caption);
 }
 
 std::string CaptionOfOrdinates(const TColumnChoice& choice)
@@ -85,19 +87,19 @@ std::string CaptionOfOrdinates(const TColumnChoice& choice)
     return caption;
 }
 
-void SetLook(TKx2DGraph& graph, const TOptions& options)
+void SetLook(TKx2DGraph& graph, const TOptions& options, const TColourScheme& scheme)
 {
-    graph.SetColor(clWhite);
-    graph.SetDataColor(clWhite);
+    graph.SetColor(scheme.Paper);
+    graph.SetDataColor(scheme.Paper);
     // A frame in the colour of the paper is the margin.
-    graph.GetFrameLine().SetColor(clWhite);
+    graph.GetFrameLine().SetColor(scheme.Paper);
     graph.GetFrameLine().SetWidth(Margin);
     graph.GetFrameLine().SetVisible(true);
-    SetGrid(graph.GetMajorGridX(), options.Grid, MajorGridColor);
-    SetGrid(graph.GetMajorGridY(), options.Grid, MajorGridColor);
-    SetGrid(graph.GetMinorGridX(), options.MinorGrid, MinorGridColor);
-    SetGrid(graph.GetMinorGridY(), options.MinorGrid, MinorGridColor);
-    SetFont(graph.GetTitleFont(), 14);
+    SetGrid(graph.GetMajorGridX(), options.Grid, scheme.MajorGrid);
+    SetGrid(graph.GetMajorGridY(), options.Grid, scheme.MajorGrid);
+    SetGrid(graph.GetMinorGridX(), options.MinorGrid, scheme.MinorGrid);
+    SetGrid(graph.GetMinorGridY(), options.MinorGrid, scheme.MinorGrid);
+    SetFont(graph.GetTitleFont(), 14, scheme.Ink);
     if (options.Title && !options.Title->empty()) {
         graph.SetCaption(*options.Title);
         graph.SetShowTitle(true);
@@ -111,10 +113,11 @@ TKxRealVector* NewVector(TForm& form, const TArray<double>& values)
     return vector;
 }
 
-void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std::size_t i, const TOptions& options)
+void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std::size_t i, const TOptions& options,
+               const TColourScheme& scheme)
 {
     const TChosenColumn& column = choice.Ys[i];
-    const TColor color = Palette[i % Palette.size()];
+    const TColor color = scheme.Curves[i % SchemeColours];
     const std::size_t count = std::min(choice.X.ValueCount, column.ValueCount);
     auto* series = new TKxDataSeries(&form);
     series->SetName("Series" + std::to_string(i + 1));
@@ -122,6 +125,8 @@ void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std:
     series->GetLineStyle().SetColor(color);
     series->GetLineStyle().SetWidth(count > MostPointsWithSymbols ? 1 : 2);
     series->GetLineStyle().SetVisible(options.Line);
+    series->GetAreaStyle().SetColor(scheme.Areas[i % SchemeColours]);
+    series->GetAreaStyle().SetVisible(options.Area);
     series->GetPointStyle().SetColor(color);
     series->GetPointStyle().SetStyle(SyCircleFilled);
     series->GetPointStyle().SetSize(count > MostPointsWithSymbols ? 1 : 3);
@@ -138,30 +143,59 @@ void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std:
 
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
 {
+    const TColourScheme& scheme = options.Scheme == ccDark ? DarkScheme() : LightScheme();
     TPlot plot;
     plot.Form = std::make_unique<TForm>(nullptr);
     TForm& form = *plot.Form;
     form.SetName("PlotForm");
-    form.SetColor(clWhite);
+    form.SetColor(scheme.Paper);
     form.SetBounds(0, 0, options.Width, options.Height);
     plot.Graph = new TKx2DGraph(&form);
     plot.Graph->SetName("Graph");
     plot.Graph->SetParent(&form);
     plot.Graph->SetAlign(alClient);
-    SetLook(*plot.Graph, options);
+    SetLook(*plot.Graph, options, scheme);
     TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
     TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
-    SetLook(x, options.XCaption.value_or(CaptionOf(choice.X.Caption)));
-    SetLook(y, options.YCaption.value_or(CaptionOfOrdinates(choice)));
+    SetLook(x, options.XCaption.value_or(CaptionOf(choice.X.Caption)), scheme.Ink);
+    SetLook(y, options.YCaption.value_or(CaptionOfOrdinates(choice)), scheme.Ink);
     x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime));
     y.SetScaling(ScalingOf(options.YScale, false));
     for (std::size_t i = 0; i < choice.Ys.size(); ++i)
-        AddSeries(form, *plot.Graph, choice, i, options);
-    if (x.GetScaling() == AxDateTime && !options.XCaption) {
+        AddSeries(form, *plot.Graph, choice, i, options, scheme);
+    if (x.GetScaling() == AxDateTime && !options.XCaption)
         plot.DateName = x.GetUserCaption();
+    if (!options.LookFile.empty())
+        plot.Notes = DressPlot(plot, options, options.LookFile);
+    if (plot.DateName)
         RefreshDateCaption(*plot.Graph, *plot.DateName);
-    }
     return plot;
+}
+
+std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const std::string& lookFile)
+{
+    const std::vector<std::string> problems = LoadLook(*plot.Graph, lookFile);
+    // Looks are kept in the colours for light desktops.
+    if (options.Scheme == ccDark)
+        Recolour(*plot.Form, LightScheme(), DarkScheme());
+    TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
+    TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
+    if (options.Title) {
+        plot.Graph->SetCaption(*options.Title);
+        plot.Graph->SetShowTitle(!options.Title->empty());
+    }
+    if (options.XCaption)
+        SetCaption(x, *options.XCaption);
+    if (options.YCaption)
+        SetCaption(y, *options.YCaption);
+    if (options.XScale != scAuto)
+        x.SetScaling(ScalingOf(options.XScale, false));
+    if (options.YScale != scAuto)
+        y.SetScaling(ScalingOf(options.YScale, false));
+    // A caption of the user's own is not to be overwritten by the dates.
+    if (plot.DateName && !x.GetUserCaption().starts_with(*plot.DateName))
+        plot.DateName.reset();
+    return problems;
 }
 
 }  // namespace plotkit

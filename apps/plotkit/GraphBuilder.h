@@ -18,12 +18,17 @@ struct TPlot
     TKx2DGraph* Graph = nullptr;  ///< owned by the form
     /// What the caption of a date axis starts with, when the program makes it.
     std::optional<std::string> DateName;
+    std::vector<std::string> Notes;  ///< what of the options' look could not be used
 };
 
 /// A form of the options' size, filled by one graph with a data series per ordinate. The vectors of the series are
 /// their own; their arrays are those of the columns, not copied. EConvertError naming the option: a logarithmic scale
-/// where no value is positive.
+/// where no value is positive; errors of LoadLook.
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);
+
+/// Gives the plot the look that a file keeps; what the options say of titles, captions and scales goes before. Returns
+/// what could not be used; errors as those of LoadLook.
+std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const std::string& lookFile);
 
 /// Points up to which symbols are drawn unless the options say otherwise.
 inline constexpr std::size_t MostPointsWithSymbols = 200;

@@ -11,6 +11,7 @@ namespace plotkit {
 namespace {
 
 constexpr std::array<std::string_view, 4> ScaleNames{"linear", "log", "logee", "time"};
+constexpr std::array<std::string_view, 3> SchemeNames{"auto", "light", "dark"};
 // What a raster picture may have: QPainter counts its coordinates with 16 bits.
 constexpr long long MaxPixels = 32767;
 constexpr long long MaxArea = 200'000'000;
@@ -18,7 +19,7 @@ constexpr long long MaxArea = 200'000'000;
 /// What the command line holds before it is understood.
 struct TTexts
 {
-    std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi;
+    std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme;
     bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
 };
 
@@ -33,6 +34,14 @@ TScaleChoice ScaleOf(const std::string& option, const std::string& text)
         if (SameText(ScaleNames[i], text))
             return static_cast<TScaleChoice>(scLinear + static_cast<int>(i));
     Fail(option, "\"" + text + "\" is no scale; there are linear, log, logee and time");
+}
+
+TSchemeChoice SchemeOf(const std::string& text)
+{
+    for (std::size_t i = 0; i < SchemeNames.size(); ++i)
+        if (SameText(SchemeNames[i], text))
+            return static_cast<TSchemeChoice>(i);
+    Fail("--colours", "\"" + text + "\" are no colours; there are auto, light and dark");
 }
 
 long long IntegerOf(const std::string& text, const std::string& option, const std::string& what)
@@ -91,8 +100,11 @@ void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
     auto* points = app.add_flag("--points", texts.Points, "Draw a symbol at every point, however many there are");
     app.add_flag("--no-points", texts.NoPoints, "Draw no symbols")->excludes(points);
     app.add_flag("--no-line", texts.NoLine, "Draw no line between the points");
+    app.add_flag("--area", options.Area, "Fill the area between curve and zero");
     auto* grid = app.add_flag("--grid", texts.Grid, "Draw grid lines at the minor ticks too");
     app.add_flag("--no-grid", texts.NoGrid, "Draw no grid lines")->excludes(grid);
+    app.add_option("--colours", texts.Scheme, "light, dark or auto: as the desktop in a window, light in pictures");
+    app.add_option("--outfit", options.LookFile, "Look of the graph, as saved in the window")->type_name("FILE");
 }
 
 void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
@@ -108,6 +120,8 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
         options.XScale = ScaleOf("--x-scale", texts.XScale);
     if (command.count("--y-scale"))
         options.YScale = ScaleOf("--y-scale", texts.YScale);
+    if (command.count("--colours"))
+        options.Scheme = SchemeOf(texts.Scheme);
     options.Points = texts.Points ? ooOn : texts.NoPoints ? ooOff : ooAuto;
     options.Line = !texts.NoLine;
     options.Grid = !texts.NoGrid;

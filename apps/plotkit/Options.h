@@ -20,6 +20,12 @@ enum TScaleChoice
     scLogEE,
     scTime
 };
+enum TSchemeChoice
+{
+    ccAuto,  ///< light, in a window as the desktop
+    ccLight,
+    ccDark
+};
 enum TOnOff
 {
     ooAuto,
@@ -46,8 +52,11 @@ struct TOptions
     bool Antialias = false;
     TOnOff Points = ooAuto;
     bool Line = true;
+    bool Area = false;
     bool Grid = true;
     bool MinorGrid = false;
+    TSchemeChoice Scheme = ccAuto;
+    std::string LookFile;  ///< empty: none
 };
 
 /// `arguments[0]` is the program's name. EConvertError with one clear message that names the option.

@@ -1,0 +1,98 @@
+#include "plotkit/ColourScheme.h"
+
+#include <vector>
+
+namespace plotkit {
+
+namespace {
+
+using TColours = std::array<TColor, SchemeColours>;
+
+constexpr TColor Mixed(TColor a, TColor b, int percentOfA)
+{
+    const auto part = [percentOfA](int x, int y) {
+        return static_cast<std::uint8_t>((x * percentOfA + y * (100 - percentOfA)) / 100);
+    };
+    return RgbColor(part(RedOf(a), RedOf(b)), part(GreenOf(a), GreenOf(b)), part(BlueOf(a), BlueOf(b)));
+}
+
+constexpr TColours AreasOf(const TColours& curves, TColor paper, int percent)
+{
+    TColours areas{};
+    for (std::size_t i = 0; i < curves.size(); ++i)
+        areas[i] = Mixed(curves[i], paper, percent);
+    return areas;
+}
+
+// Told apart with every kind of colour vision (M. Okabe, K. Ito, "Color Universal Design", 2008); without the yellow,
+// which is too pale on white.
+constexpr TColours LightCurves{RgbColor(0, 114, 178),   RgbColor(213, 94, 0),   RgbColor(0, 158, 115),
+                               RgbColor(204, 121, 167), RgbColor(86, 180, 233), RgbColor(230, 159, 0),
+                               RgbColor(0, 0, 0)};
+constexpr TColor DarkPaper = RgbColor(30, 30, 32);
+constexpr TColor DarkInk = RgbColor(222, 222, 222);
+/// The same hues, each as far from the dark paper as its counterpart is from white.
+constexpr TColours DarkCurves{RgbColor(64, 160, 224),
+                              RgbColor(240, 126, 50),
+                              RgbColor(20, 188, 142),
+                              RgbColor(222, 148, 190),
+                              RgbColor(142, 208, 246),
+                              RgbColor(244, 182, 48),
+                              DarkInk};
+
+constexpr TColourScheme Light{
+    clWhite, clBlack, RgbColor(216, 216, 216), RgbColor(238, 238, 238), LightCurves, AreasOf(LightCurves, clWhite, 28)};
+constexpr TColourScheme Dark{
+    DarkPaper, DarkInk, RgbColor(68, 68, 72), RgbColor(48, 48, 51), DarkCurves, AreasOf(DarkCurves, DarkPaper, 35)};
+
+/// Ink stands before the curve of the same colour.
+std::vector<TColor> ColoursOf(const TColourScheme& scheme)
+{
+    std::vector<TColor> colours{scheme.Paper, scheme.Ink, scheme.MajorGrid, scheme.MinorGrid};
+    colours.insert(colours.end(), scheme.Curves.begin(), scheme.Curves.end());
+    colours.insert(colours.end(), scheme.Areas.begin(), scheme.Areas.end());
+    return colours;
+}
+
+void Recolour(TPersistent& object, const std::vector<TColor>& from, const std::vector<TColor>& to)
+{
+    for (const TPropertyRow& row : AllProperties(object.ClassInfo())) {
+        if (row.Kind == pkSub)
+            Recolour(row.SubObject(object), from, to);
+        if (row.Kind != pkColor)
+            continue;
+        const auto present = std::get<std::int64_t>(row.Get(object));
+        for (std::size_t i = 0; i < from.size(); ++i)
+            if (present == ColorToInt(from[i])) {
+                row.Set(object, static_cast<std::int64_t>(ColorToInt(to[i])));
+                break;
+            }
+    }
+}
+
+}  // namespace
+
+const TColourScheme& LightScheme()
+{
+    return Light;
+}
+
+const TColourScheme& DarkScheme()
+{
+    return Dark;
+}
+
+void Recolour(TForm& form, const TColourScheme& from, const TColourScheme& to)
+{
+    const std::vector<TColor> before = ColoursOf(from), after = ColoursOf(to);
+    Recolour(static_cast<TPersistent&>(form), before, after);
+    const auto visit = [&](const auto& self, TComponent& owner) -> void {
+        for (TComponent* component : owner.Components()) {
+            Recolour(static_cast<TPersistent&>(*component), before, after);
+            self(self, *component);
+        }
+    };
+    visit(visit, form);
+}
+
+}  // namespace plotkit

@@ -1,0 +1,19 @@
+// The job of LookFile is to keep the look of a graph in a file and to give it to another graph.
+#pragma once
+
+#include <string>
+#include <vector>
+
+#include "graph/KxGraph2D.h"
+
+namespace plotkit {
+
+/// Writes the look into the file's sections "Graph" and "Graph.…"; whatever else the file holds stays. EFileError.
+void SaveLook(TKx2DGraph& graph, const std::string& fileName);
+
+/// Gives the graph what the file says; what it does not mention stays as it is. Axes whose ends follow the data follow
+/// their own. Returns a line for each value that could not be used, naming file, section and key. EFileError when there
+/// is no such file, EConvertError when it holds no look.
+std::vector<std::string> LoadLook(TKx2DGraph& graph, const std::string& fileName);
+
+}  // namespace plotkit
