@@ -2,6 +2,7 @@
 #pragma once
 
 #include <cstdint>
+#include <functional>
 #include <string>
 #include <vector>
 
@@ -98,6 +99,8 @@ private:
     void LogTicks();
     void AddDecades();
     std::string LogText(TLogLabel label, double value) const;
+    void ThinOutLabels(std::size_t count, const std::function<bool(std::size_t, int)>& isShown);
+    void ThinOutLinearLabels();
     void ThinOutLogLabels(const std::vector<TLogLabel>& labels);
 
     void DateTimeTicks();
@@ -123,6 +126,7 @@ private:
     std::vector<bool> FTickIsMajor;
     int FMaxLabelHeight = 0, FMaxLabelWidth = 0;
     std::vector<TKxCaptionRec> FScaleLabels;
+    std::vector<double> FLabelValues;  ///< of the labels at ticks
     std::vector<TPoint> FLabelPoints;  ///< their reference points
     TKxDTRegion FDTRegion = rgDay;
     int FDTLabelStep = 1;

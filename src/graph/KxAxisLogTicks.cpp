@@ -1,6 +1,5 @@
 #include <algorithm>
 #include <cmath>
-#include <cstdlib>
 #include <vector>
 
 #include "foundation/KxArithm.h"
@@ -17,8 +16,6 @@ namespace {
 constexpr double LogTolerance = 1e-9;
 constexpr int SignificantDigits = 15;
 constexpr int MostDecimals = 18;
-/// Room between two labels beside each other, 1/96 inch.
-constexpr int GapBesideLabels = 4;
 
 }  // namespace
 
@@ -65,39 +62,15 @@ std::string TKxAxis::LogText(TLogLabel label, double value) const
                                    : FormatFixed(v, SignificantDigits, decimals, separator);
 }
 
-/// Labels that are too close stay in the list and are not drawn, but for those at 1, 2, 5 of a decade, else for every
-/// first, second, third, ... decade.
+/// Those at 1, 2, 5 of a decade, else those of every first, second, third, ... decade.
 void TKxAxis::ThinOutLogLabels(const std::vector<TLogLabel>& labels)
 {
-    const bool horizontal = Orientation() == AxHorizontal;
-    const int gap = Px(GapBesideLabels);
-    const auto overlap = [&](const TKxCaptionRec& one, const TKxCaptionRec& two) {
-        if (!horizontal)
-            return std::abs(one.Y - two.Y) < FMaxLabelHeight;
-        return one.X < two.X ? one.X + one.Width + gap > two.X : two.X + two.Width + gap > one.X;
-    };
-    const auto isShown = [](TLogLabel label, int thinning) {
-        const int m = label.Multiple;
+    ThinOutLabels(labels.size(), [&](std::size_t i, int thinning) {
+        const int m = labels[i].Multiple;
         if (thinning <= 1)
             return thinning == 0 || m == 1 || m == 2 || m == 5;
-        return m == 1 && label.Decade % (thinning - 1) == 0;
-    };
-    const auto isFree = [&](int thinning) {
-        const TKxCaptionRec* before = nullptr;
-        for (std::size_t i = 0; i < labels.size(); ++i) {
-            if (!isShown(labels[i], thinning))
-                continue;
-            if (before && overlap(*before, FScaleLabels[i]))
-                return false;
-            before = &FScaleLabels[i];
-        }
-        return true;
-    };
-    int thinning = 0;
-    while (thinning <= static_cast<int>(labels.size()) && !isFree(thinning))
-        ++thinning;
-    for (std::size_t i = 0; i < labels.size(); ++i)
-        FScaleLabels[i].DoPaint = isShown(labels[i], thinning);
+        return m == 1 && labels[i].Decade % (thinning - 1) == 0;
+    });
 }
 
 }  // namespace plotkit

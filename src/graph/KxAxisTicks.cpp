@@ -1,5 +1,7 @@
 #include <algorithm>
+#include <array>
 #include <cmath>
+#include <cstdlib>
 #include <numeric>
 
 #include "foundation/KxArithm.h"
@@ -20,6 +22,8 @@ constexpr double StepTolerance = 1e-6;
 constexpr double MostSteps = 1e14;
 constexpr int SignificantDigits = 15;
 constexpr int MostDecimals = 18;
+/// Room between two labels beside each other, 1/96 inch.
+constexpr int GapBesideLabels = 4;
 
 bool IsWhole(double steps)
 {
@@ -48,6 +52,7 @@ void TKxAxis::CalculateTicks()
     FExponentLabelWidth = 0;
     FScaleLabels.clear();
     FLabelPoints.clear();
+    FLabelValues.clear();
     FTickValues.clear();
     FTickPositions.clear();
     FTickIsMajor.clear();
@@ -144,6 +149,7 @@ void TKxAxis::AddLabelAt(const std::string& text, double value)
 {
     const int position = RealToIntPosition(value);
     const bool horizontal = Orientation() == AxHorizontal;
+    FLabelValues.push_back(value);
     AppendLabel(text, MovePoint(FLabelBase.At, horizontal ? TPoint{position, 0} : TPoint{0, position}));
 }
 
@@ -161,6 +167,46 @@ void TKxAxis::AppendLabel(const std::string& text, TPoint at)
     FLabelPoints.push_back(at);
 }
 
+/// Labels that are too close stay in the list and are not drawn, but for those that `isShown` at the first thinning
+/// that leaves room between them.
+void TKxAxis::ThinOutLabels(std::size_t count, const std::function<bool(std::size_t, int)>& isShown)
+{
+    const bool horizontal = Orientation() == AxHorizontal;
+    const int gap = Px(GapBesideLabels);
+    const auto overlap = [&](const TKxCaptionRec& one, const TKxCaptionRec& two) {
+        if (!horizontal)
+            return std::abs(one.Y - two.Y) < FMaxLabelHeight;
+        return one.X < two.X ? one.X + one.Width + gap > two.X : two.X + two.Width + gap > one.X;
+    };
+    const auto isFree = [&](int thinning) {
+        const TKxCaptionRec* before = nullptr;
+        for (std::size_t i = 0; i < count; ++i) {
+            if (!isShown(i, thinning))
+                continue;
+            if (before && overlap(*before, FScaleLabels[i]))
+                return false;
+            before = &FScaleLabels[i];
+        }
+        return true;
+    };
+    int thinning = 0;
+    while (thinning <= static_cast<int>(count) && !isFree(thinning))
+        ++thinning;
+    for (std::size_t i = 0; i < count; ++i)
+        FScaleLabels[i].DoPaint = isShown(i, thinning);
+}
+
+/// Those at every label step, else at every 2, 5, 10, 20, ... label steps.
+void TKxAxis::ThinOutLinearLabels()
+{
+    ThinOutLabels(FLabelValues.size(), [&](std::size_t i, int thinning) {
+        constexpr std::array<int, 3> factors{1, 2, 5};
+        const double every = factors[static_cast<std::size_t>(thinning % 3)] * std::pow(10.0, thinning / 3);
+        const double steps = std::nearbyint(ExpMinus(FLabelValues[i], FRangeExponent) / FLabelPart);
+        return std::fmod(steps, every) == 0;
+    });
+}
+
 void TKxAxis::LinearTicks()
 {
     SpreadOverPixels(GetStop() - GetStart());
@@ -173,6 +219,7 @@ void TKxAxis::LinearTicks()
     const int labelPeriod = std::max(RoundToInt(FLabelPart / FTickPart), 1);
     if (!TicksAtMultiples(majorPeriod, labelPeriod))
         TicksFromTheEnd(majorPeriod, labelPeriod);
+    ThinOutLinearLabels();
     if (GetShowScaleLabels() && FExponentForm)
         AddExponentLabel();
 }

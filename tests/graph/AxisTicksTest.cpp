@@ -140,7 +140,7 @@ TEST(AxisTicksTest, LogTicksStandAtDecadesAndTheirMultiples)
     EXPECT_EQ(fixed->TickCount(), 6 + 9 + 9 + 2);
 }
 
-TEST(AxisTicksTest, LogLabelsAreAsDenseAsTheyFit)
+TEST(AxisTicksTest, LabelsAreAsDenseAsTheyFit)
 {
     struct TCase
     {
@@ -151,6 +151,7 @@ TEST(AxisTicksTest, LogLabelsAreAsDenseAsTheyFit)
     const std::string times = "\xC2\xB7" + std::string("10\\+ ");
     for (const TCase& c :
          {TCase{AxLog, 2, 8, "2,3,4,5,6,7,8,"},
+          {AxNormal, 1234567895, 1234567904, "1234567896,1234567898,1234567900,1234567902,1234567904,"},
           {AxLog, 2, 90, "2,5,10,20,50,"},
           {AxLog, 1, 100, "1,10,100,"},
           {AxLogEE, 2, 30, "2" + times + "0,5" + times + "0,10\\+ 1,2" + times + "1,"},
