@@ -3,28 +3,31 @@
 #include <QApplication>
 #include <QFileInfo>
 #include <QMainWindow>
+#include <QStatusBar>
 #include <QTimer>
 
 #include "plotkit/DateCaption.h"
 #include "plotkit/GraphBuilder.h"
-#include "plotkit/GraphZoom.h"
-#include "qt/KxGraphWidget.h"
+#include "qt/KxGraphInteraction.h"
 
 namespace plotkit {
 
 int ShowPlot(const TColumnChoice& choice, const TOptions& options)
 {
     const TPlot plot = BuildPlot(choice, options);
-    TGraphZoom zoom(*plot.Graph);
     QMainWindow window;
-    if (plot.DateName)
-        zoom.OnZoomed = [&] {
-            QTimer::singleShot(0, &window, [&] { RefreshDateCaption(*plot.Graph, *plot.DateName); });
-        };
     auto* widget = new KxGraphWidget(plot.Form.get());
+    auto* interaction = new KxGraphInteraction(*widget, plot.Graph);
+    interaction->OnStatus = [&](const QString& text) { window.statusBar()->showMessage(text); };
+    TKxGraphNavigator& navigator = interaction->Input().Navigator();
+    const TEventChain<> navigated(navigator, navigator.OnChanged, [&] {
+        if (plot.DateName)
+            QTimer::singleShot(0, &window, [&] { RefreshDateCaption(*plot.Graph, *plot.DateName); });
+    });
     window.setCentralWidget(widget);
+    window.statusBar();
     window.setWindowTitle(QFileInfo(QString::fromStdString(options.File)).fileName() + " - Plotkit");
-    window.resize(options.Width, options.Height);
+    window.resize(options.Width, options.Height + window.statusBar()->sizeHint().height());
     widget->setFocus();
     window.show();
     return QApplication::exec();

@@ -57,7 +57,7 @@ constexpr auto AxisProperties = JoinRows(ScaleRows, LookRows, ControlLookRows, C
 constinit const TClassInfo TKxAxis::Class{"TKxAxis", &TGraphicControl::Class, AxisProperties,
                                           &CreateComponent<TKxAxis>};
 
-TKxAxis::TKxAxis(TComponent* owner) : TKxAxisScale(owner)
+TKxAxis::TKxAxis(TComponent* owner) : TKxAxisZoom(owner)
 {
     FRange.SetStartStop(0, 100);
     SetBounds(0, 0, 400, 50);
@@ -76,7 +76,7 @@ void TKxAxis::Calculate()
 
 void TKxAxis::CMVisibleChanged()
 {
-    TKxAxisScale::CMVisibleChanged();
+    TKxAxisZoom::CMVisibleChanged();
     if (!GetVisible())
         CaptionLabel().SetVisible(false);
     ShowCaptionText();
@@ -87,7 +87,7 @@ void TKxAxis::CMVisibleChanged()
 
 void TKxAxis::CMScaleChanged()
 {
-    TKxAxisScale::CMScaleChanged();
+    TKxAxisZoom::CMScaleChanged();
     if (GraphOf(*this))
         return;
     constexpr int margin = 30;

@@ -6,7 +6,7 @@
 #include <string>
 #include <vector>
 
-#include "graph/KxAxisScale.h"
+#include "graph/KxAxisZoom.h"
 
 namespace plotkit {
 
@@ -14,7 +14,7 @@ class TKx2DGraph;
 class TKxIniList;
 struct TKxDateTimeStep;
 
-class TKxAxis : public TKxAxisScale
+class TKxAxis : public TKxAxisZoom
 {
 public:
     explicit TKxAxis(TComponent* owner);
@@ -97,7 +97,9 @@ private:
     void AddExponentLabel();
 
     void LogTicks();
-    void AddDecades();
+    void AddDecades(int perDecade);
+    void AddStepsInsideDecade();
+    std::string LogStepText(double value, int decimals) const;
     std::string LogText(TLogLabel label, double value) const;
     void ThinOutLabels(std::size_t count, const std::function<bool(std::size_t, int)>& isShown);
     void ThinOutLinearLabels();

@@ -13,7 +13,7 @@ struct TKxChosenEnds
     TKxAxScaling Scaling = AxNormal;
     TKxAxEnd StartEnd = AxAutoRange, StopEnd = AxAutoRange;
     bool Known = false;
-    bool Taken = false;  ///< from a master, which has rounded them
+    bool Taken = false;  ///< as they stand: from a master, which has rounded them, or asked for exactly
 };
 
 /// One view of the zoom history.

@@ -4,6 +4,7 @@
 
 #include "foundation/KxArithm.h"
 #include "graph/KxAxis.h"
+#include "graph/KxNiceValues.h"
 #include "host/CheckedMath.h"
 #include "host/Host.h"
 #include "host/NumberFormat.h"
@@ -24,14 +25,53 @@ void TKxAxis::LogTicks()
     SpreadOverPixels(FLogStop - FLogStart);
     const double decades = std::nearbyint((FLogStop - FLogStart) / FMajorTickPart);
     const int perDecade = RoundToInt(1 / FTickPart - 1);
-    if (FPixelLength <= 0 || decades * perDecade + 1 > MostTicks())
+    if (FPixelLength <= 0 || decades + 1 > MostTicks())
         return;
-    AddDecades();
+    AddDecades(decades * perDecade + 1 > MostTicks() ? 1 : perDecade);
+    // Between two multiples of a power of ten nothing would tell where one is.
+    if (FTickValues.size() < 2 && GetStop() > GetStart())
+        AddStepsInsideDecade();
 }
 
-void TKxAxis::AddDecades()
+void TKxAxis::AddStepsInsideDecade()
 {
-    const int perDecade = RoundToInt(1 / FTickPart - 1);
+    FTickValues.clear();
+    FTickPositions.clear();
+    FTickIsMajor.clear();
+    FScaleLabels.clear();
+    FLabelPoints.clear();
+    const double width = GetStop() - GetStart();
+    const int exponent = GetExponent(width);
+    const auto i = static_cast<std::size_t>(NiceIndex(width, exponent));
+    const double tick = NiceValues().TickField[i], label = NiceValues().LabelsField[i];
+    const auto majorPeriod = std::max<std::int64_t>(RoundToInt(NiceValues().MajorTickField[i] / tick), 1);
+    const auto labelPeriod = std::max<std::int64_t>(RoundToInt(label / tick), 1);
+    const int decimals = LastSignificant(label) - 1 - GetExponent(label) - exponent;
+    const double first = std::ceil(ExpMinus(GetStart(), exponent) / tick - LogTolerance);
+    const double last = std::floor(ExpMinus(GetStop(), exponent) / tick + LogTolerance);
+    if (!(last - first < MostTicks()))
+        return;
+    for (auto k = static_cast<std::int64_t>(first); k <= static_cast<std::int64_t>(last); ++k) {
+        const double value = ExpMinus(static_cast<double>(k) * tick, -exponent);
+        AddTick(value, k % majorPeriod == 0);
+        if (GetShowScaleLabels() && k % labelPeriod == 0)
+            AddLabelAt(LogStepText(value, decimals), value);
+    }
+}
+
+std::string TKxAxis::LogStepText(double value, int decimals) const
+{
+    const char separator = Host().Locale().DecimalSeparator;
+    const int decade = FScaling == AxLogEE ? GetExponent(value) : 0;
+    const int shown = std::max(decimals + decade, 0);
+    const double v = ExpMinus(value, decade);
+    const std::string text = shown > MostDecimals ? FormatGeneral(v, SignificantDigits, 0, separator)
+                                                  : FormatFixed(v, SignificantDigits, shown, separator);
+    return FScaling == AxLogEE ? text + "\xC2\xB7" + "10\\+ " + std::to_string(decade) : text;
+}
+
+void TKxAxis::AddDecades(int perDecade)
+{
     const double from = FLogStart - LogTolerance, to = FLogStop + LogTolerance;
     // A single decade, or none, does not tell how far apart the values of the axis are.
     const bool labelMultiples = std::floor(to) - std::ceil(from) < 1;

@@ -131,32 +131,8 @@ void TKxAxisScale::RedoRanges()
     if (FValueRanges.Count() == 0)
         return;
     ValuesRangeChanged(FValuesRange);
-    FZoomList.clear();
+    ForgetZoom();
     Invalidate();
-}
-
-void TKxAxisScale::ZoomIn(double start, double stop)
-{
-    if (FZoomList.empty())
-        FZoomList.push_back(PresentView());
-    SetStart(start);
-    SetStop(stop);
-    FChosen.Known = false;
-    FZoomList.push_back(PresentView());
-    FZoomIndex = static_cast<int>(FZoomList.size());
-}
-
-void TKxAxisScale::ZoomBack()
-{
-    if (FZoomList.empty())
-        return;
-    --FZoomIndex;
-    if (FZoomIndex <= 0)
-        FZoomIndex = static_cast<int>(FZoomList.size());
-    const TKxZoomView& view = FZoomList[static_cast<std::size_t>(FZoomIndex) - 1];
-    SetStart(view.Start);
-    SetStop(view.Stop);
-    FChosen = view.Chosen;
 }
 
 }  // namespace plotkit

@@ -1,7 +1,5 @@
-// The job of KxAxisScale is the range that an axis shows: how it follows the data, its zoom history and the mapping.
+// The job of KxAxisScale is the range that an axis shows: how it follows the data, and the mapping.
 #pragma once
-
-#include <vector>
 
 #include "foundation/KxRange.h"
 #include "graph/KxAxisEnds.h"
@@ -82,14 +80,11 @@ public:
     void ValuesRangeChanged(TRange& range);
     /// The ends follow the data again and the zoom history is forgotten.
     void RedoRanges();
-    void ZoomIn(double start, double stop);
-    /// One view back; behind the unzoomed one comes the newest again.
-    void ZoomBack();
-    bool CanZoomBack() const { return !FZoomList.empty(); }
 
 protected:
     /// The ends and the steps of a date-time range.
     virtual void DateTimeEnds() = 0;
+    virtual void ForgetZoom() = 0;
     void Notification(TComponent* component, TOperation operation) override;
     /// Steps from the tables of nice values, whatever `AutoTicks` says.
     void TakeTableSteps();
@@ -143,10 +138,6 @@ private:
     void RoundLogEnds();
     void FollowEnd(TKxAxEnd end, double value, void (TRange::*set)(double));
 
-    TKxZoomView PresentView() const { return {GetStart(), GetStop(), FChosen}; }
-
-    std::vector<TKxZoomView> FZoomList;
-    int FZoomIndex = 0;
     TRangeList FValueRanges;
 };
 

@@ -71,6 +71,7 @@ bool TKxDrawingWorld::GraphIsReady() const
 void TKxDrawingWorld::Paint()
 {
     RefreshMarkers();  // the graph may have moved
+    RefreshOverlay();
     if (GraphIsReady()) {
         if (FMarkersShown)
             PaintMarkers(Canvas());
@@ -174,6 +175,7 @@ void TKxDrawingWorld::LeaveOverlay()
 {
     HideStartStopMarkers();
     CancelZoom();
+    ReplaceInOverlay(FDrawnForeign, {});
 }
 
 bool TKxDrawingWorld::MarkersStandInOverlay() const
@@ -189,16 +191,25 @@ void TKxDrawingWorld::RefreshMarkers()
                          FGraph->GetVisible() ? ForOverlay(&TKxDrawingWorld::PaintMarkers) : TRecording());
 }
 
+void TKxDrawingWorld::RefreshOverlay()
+{
+    if (OnPaintOverlay || !FDrawnForeign.Commands.empty())
+        ReplaceInOverlay(FDrawnForeign,
+                         FGraph->GetVisible() ? ForOverlay(&TKxDrawingWorld::PaintForeign) : TRecording());
+}
+
 void TKxDrawingWorld::SetStartMarkerX(int x)
 {
     FStartMarkerX = x;
     RefreshMarkers();
+    OnMarkerMoved();
 }
 
 void TKxDrawingWorld::SetStopMarkerX(int x)
 {
     FStopMarkerX = x;
     RefreshMarkers();
+    OnMarkerMoved();
 }
 
 void TKxDrawingWorld::SetBounds(int left, int top, int width, int height)
@@ -219,6 +230,7 @@ void TKxDrawingWorld::CMScaleChanged()
     FZooming = false;
     FDrawnZoomRect.Clear();
     FDrawnMarkers.Clear();
+    FDrawnForeign.Clear();
     const double factor = PixelScale() / FMarkerScale;
     FStartMarkerX = RoundToInt(FStartMarkerX * factor);
     FStopMarkerX = RoundToInt(FStopMarkerX * factor);

@@ -32,6 +32,8 @@ public:
     bool GetAutoZoom() const { return FAutoZoom; }
     /// Whether dragging with the mouse zooms.
     void SetAutoZoom(bool autoZoom);
+    /// Whether a zoom rectangle is being dragged.
+    bool IsZooming() const { return FZooming; }
 
     /// Groups the series by owner, in the order in which owners first appear, and sorts each group by creation; the
     /// same for the children of each series.
@@ -47,7 +49,15 @@ public:
     void HideStartStopMarkers();
     /// Puts them where they belong now, on a visible graph; paints do so by themselves.
     void RefreshMarkers();
-    /// Takes away all that stands over the picture: the markers and the rectangle of a zoom that is going on.
+    /// A marker was given another place.
+    TEvent<> OnMarkerMoved;
+
+    /// Draws, in exclusive-or mode, what else stands over the picture; pixels of this control.
+    TEvent<TCanvas&> OnPaintOverlay;
+    /// Asks `OnPaintOverlay` anew, on a visible graph; paints do so by themselves.
+    void RefreshOverlay();
+    /// Takes away all that stands over the picture: the markers, the rectangle of a zoom that is going on, and what the
+    /// overlay event drew.
     void LeaveOverlay();
     /// Whether `x` lies at most one pixel (1/96 inch) from the marker.
     bool NearStart(int x) const;
@@ -71,6 +81,7 @@ private:
     void PaintMarkers(TCanvas& canvas) const;
     bool MarkersStandInOverlay() const;
     TRecording ForOverlay(void (TKxDrawingWorld::*paint)(TCanvas&) const);
+    void PaintForeign(TCanvas& canvas) const { OnPaintOverlay(canvas); }
     void ReplaceInOverlay(TRecording& drawn, TRecording by);
     void DrawSeries();
     void DrawSeriesList(const TKxSeriesList& list);
@@ -84,7 +95,7 @@ private:
     TKxSeriesList FSeriesList;
     TRect FDataRect;
     TPoint FZoomStart, FZoomEnd;
-    TRecording FDrawnMarkers, FDrawnZoomRect;  ///< as they stand in the overlay
+    TRecording FDrawnMarkers, FDrawnZoomRect, FDrawnForeign;  ///< as they stand in the overlay
     int FStartMarkerX = 0;
     int FStopMarkerX = 0;
     double FMarkerScale = 1;  ///< resolution that the markers stand at

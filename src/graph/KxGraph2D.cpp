@@ -222,10 +222,18 @@ void TKx2DGraph::ZoomTo(const TRect& box)
 {
     const TRect data = FWorld->DataRect();
     const auto distance = [](int a, int b) { return SaturatePixel(std::int64_t{a} - b); };
-    for (TComponent* component : AxesOwner().Components()) {
-        auto* axis = dynamic_cast<TKxAxis*>(component);
-        if (!axis)
-            continue;
+    std::vector<TKxAxis*> axes;
+    std::vector<TKx2DGraph*> graphs;
+    for (TComponent* component : AxesOwner().Components())
+        if (auto* axis = dynamic_cast<TKxAxis*>(component)) {
+            axes.push_back(axis);
+            TKx2DGraph* const graph = GraphOf(*axis);
+            if (graph && std::find(graphs.begin(), graphs.end(), graph) == graphs.end())
+                graphs.push_back(graph);
+        }
+    for (const TKx2DGraph* graph : graphs)
+        graph->OnZooming();
+    for (TKxAxis* axis : axes) {
         const bool upright = axis->Orientation() == AxVertical;
         const int from = upright ? distance(box.Top, data.Top) : distance(box.Left, data.Left);
         const int to = upright ? distance(box.Bottom, data.Top) : distance(box.Right, data.Left);

@@ -9,7 +9,6 @@
 #include "host/Errors.h"
 #include "plotkit/DateCaption.h"
 #include "plotkit/GraphBuilder.h"
-#include "plotkit/GraphZoom.h"
 #include "plotkit/LogColumns.h"
 #include "series/KxDataSeries.h"
 
@@ -140,46 +139,6 @@ TEST(Plot, DateCaptionSaysWhatTheLabelsLeaveOut)
     EXPECT_EQ(x.GetCaption(), "date (2012-10-29)");
     EXPECT_EQ(BuildPlot(ChooseFile("mauna-loa-co2-monthly.csv"), {}).Graph->GetPrimaryXAxis()->GetCaption(),
               "year_month");
-}
-
-TEST(Plot, ZoomInBackAndAll)
-{
-    const TPlot plot = BuildPlot(ChooseFile("xrd-rbnb2o5f.csv"), {});
-    TForm& form = *plot.Form;
-    TGraphZoom zoom(*plot.Graph);
-    form.Picture();
-    const TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
-    const double start = x.GetStart(), stop = x.GetStop();
-    const TRect data = plot.Graph->World().DataRect();
-    const int midX = (data.Left + data.Right) / 2, midY = (data.Top + data.Bottom) / 2;
-
-    form.DispatchMouseWheel({}, 480, midX, midY);
-    form.Picture();
-    const double wheelWidth = x.GetStop() - x.GetStart();
-    EXPECT_LT(wheelWidth, 0.6 * (stop - start));
-
-    form.DispatchMouseDown(mbLeft, {}, midX, midY);
-    form.DispatchMouseMove({}, midX + 100, midY + 100);
-    form.DispatchMouseUp(mbLeft, {}, midX + 100, midY + 100);
-    form.Picture();
-    EXPECT_LT(x.GetStop() - x.GetStart(), 0.6 * wheelWidth);
-
-    TShiftState twice;
-    twice.Double = true;
-    form.DispatchMouseDown(mbRight, twice, midX, midY);
-    form.DispatchMouseUp(mbRight, {}, midX, midY);
-    form.Picture();
-    EXPECT_DOUBLE_EQ(x.GetStop() - x.GetStart(), wheelWidth);
-    form.DispatchKeyDown(kyBackspace, {});
-    form.Picture();
-    EXPECT_DOUBLE_EQ(x.GetStart(), start);
-    EXPECT_DOUBLE_EQ(x.GetStop(), stop);
-
-    form.DispatchMouseWheel({}, 120, midX, midY);
-    form.DispatchKeyDown(kyHome, {});
-    form.Picture();
-    EXPECT_DOUBLE_EQ(x.GetStop(), stop);
-    EXPECT_FALSE(x.CanZoomBack());
 }
 
 }  // namespace
