@@ -5,6 +5,8 @@
 #include "data/KxVector.h"
 #include "graph/KxAxis.h"
 #include "plotkit/ColourScheme.h"
+#include "graph/KxLabel.h"
+#include "graph/KxLegend.h"
 #include "plotkit/DateCaption.h"
 #include "plotkit/LookFile.h"
 #include "series/KxDataSeries.h"
@@ -14,6 +16,8 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr std::size_t MostNamesInCaption = 3;
+constexpr std::size_t MostNamesAbove = 6;
+constexpr int CornerGap = 40;
 
 /// A name as a caption that shows it unchanged.
 std::string CaptionOf(const std::string& name)
@@ -77,9 +81,15 @@ void SetLook(TKxAxis& axis, const std::string& caption, TColor ink)
     SetCaption(axis, caption);
 }
 
-std::string CaptionOfOrdinates(const TColumnChoice& choice)
+bool HasLegend(const TColumnChoice& choice, const TOptions& options)
 {
-    if (choice.Ys.size() > MostNamesInCaption)
+    return options.Legend != lcNone && (options.Legend != lcAuto || choice.Ys.size() > 1);
+}
+
+/// Several names stand in the legend where there is one.
+std::string CaptionOfOrdinates(const TColumnChoice& choice, const TOptions& options)
+{
+    if (choice.Ys.size() > MostNamesInCaption || (choice.Ys.size() > 1 && HasLegend(choice, options)))
         return {};
     std::string caption;
     for (const TChosenColumn& column : choice.Ys)
@@ -139,6 +149,44 @@ void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std:
     series->SetYData(NewVector(form, column.Values));
 }
 
+TKxAxisPos PositionOf(TLegendChoice choice, std::size_t count)
+{
+    switch (choice) {
+        case lcTop:
+            return AxTopPos;
+        case lcBottom:
+            return AxBottomPos;
+        case lcLeft:
+            return AxLeftPos;
+        case lcRight:
+            return AxRightPos;
+        case lcFree:
+            return AxFreeFloating;
+        case lcAuto:
+        case lcNone:
+            break;
+    }
+    return count <= MostNamesAbove ? AxTopPos : AxRightPos;
+}
+
+void AddLegend(TForm& form, TKx2DGraph& graph, std::size_t count, TLegendChoice choice, const TColourScheme& scheme)
+{
+    auto* legend = new TKxLegend(&form);
+    legend->SetName("Legend");
+    SetFont(legend->GetFont(), 10, scheme.Ink);
+    legend->SetInGraphPosition(PositionOf(choice, count));
+    legend->GetFrameLine().SetVisible(choice == lcFree);
+    legend->GetFrameLine().SetColor(scheme.MajorGrid);
+    legend->SetParent(&graph);
+    if (choice != lcFree)
+        return;
+    // The corner that the axes leave free, clear of the labels that overhang there.
+    legend->FitToGraph();
+    const int title = graph.GetShowTitle() ? graph.TitleLabel().GetHeight() : 0;
+    legend->SetLeft(graph.GetWidth() - legend->GetWidth() - CornerGap);
+    legend->SetTop(title + CornerGap);
+}
+
 }  // namespace
 
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
@@ -158,11 +206,13 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
     TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
     TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
     SetLook(x, options.XCaption.value_or(CaptionOf(choice.X.Caption)), scheme.Ink);
-    SetLook(y, options.YCaption.value_or(CaptionOfOrdinates(choice)), scheme.Ink);
+    SetLook(y, options.YCaption.value_or(CaptionOfOrdinates(choice, options)), scheme.Ink);
     x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime));
     y.SetScaling(ScalingOf(options.YScale, false));
     for (std::size_t i = 0; i < choice.Ys.size(); ++i)
         AddSeries(form, *plot.Graph, choice, i, options, scheme);
+    if (HasLegend(choice, options))
+        AddLegend(form, *plot.Graph, choice.Ys.size(), options.Legend, scheme);
     if (x.GetScaling() == AxDateTime && !options.XCaption)
         plot.DateName = x.GetUserCaption();
     if (!options.LookFile.empty())

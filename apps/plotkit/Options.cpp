@@ -12,6 +12,7 @@ namespace {
 
 constexpr std::array<std::string_view, 4> ScaleNames{"linear", "log", "logee", "time"};
 constexpr std::array<std::string_view, 3> SchemeNames{"auto", "light", "dark"};
+constexpr std::array<std::string_view, 6> LegendNames{"none", "top", "bottom", "left", "right", "free"};
 // What a raster picture may have: QPainter counts its coordinates with 16 bits.
 constexpr long long MaxPixels = 32767;
 constexpr long long MaxArea = 200'000'000;
@@ -19,7 +20,7 @@ constexpr long long MaxArea = 200'000'000;
 /// What the command line holds before it is understood.
 struct TTexts
 {
-    std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme;
+    std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme, Legend;
     bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
 };
 
@@ -42,6 +43,14 @@ TSchemeChoice SchemeOf(const std::string& text)
         if (SameText(SchemeNames[i], text))
             return static_cast<TSchemeChoice>(i);
     Fail("--colours", "\"" + text + "\" are no colours; there are auto, light and dark");
+}
+
+TLegendChoice LegendOf(const std::string& text)
+{
+    for (std::size_t i = 0; i < LegendNames.size(); ++i)
+        if (SameText(LegendNames[i], text))
+            return static_cast<TLegendChoice>(lcNone + static_cast<int>(i));
+    Fail("--legend", "\"" + text + "\" is no place; there are none, top, bottom, left, right and free");
 }
 
 long long IntegerOf(const std::string& text, const std::string& option, const std::string& what)
@@ -105,6 +114,7 @@ void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
     app.add_flag("--no-grid", texts.NoGrid, "Draw no grid lines")->excludes(grid);
     app.add_option("--colours", texts.Scheme, "light, dark or auto: as the desktop in a window, light in pictures");
     app.add_option("--outfit", options.LookFile, "Look of the graph, as saved in the window")->type_name("FILE");
+    app.add_option("--legend", texts.Legend, "none, top, bottom, left, right or free (one for several ordinates)");
 }
 
 void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
@@ -122,6 +132,8 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
         options.YScale = ScaleOf("--y-scale", texts.YScale);
     if (command.count("--colours"))
         options.Scheme = SchemeOf(texts.Scheme);
+    if (command.count("--legend"))
+        options.Legend = LegendOf(texts.Legend);
     options.Points = texts.Points ? ooOn : texts.NoPoints ? ooOff : ooAuto;
     options.Line = !texts.NoLine;
     options.Grid = !texts.NoGrid;

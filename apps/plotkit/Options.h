@@ -33,6 +33,17 @@ enum TOnOff
     ooOff
 };
 
+enum TLegendChoice
+{
+    lcAuto,  ///< one where there are several ordinates
+    lcNone,
+    lcTop,
+    lcBottom,
+    lcLeft,
+    lcRight,
+    lcFree
+};
+
 struct TOptions
 {
     /// Not empty: help or the version was asked for, this is to be printed and nothing to be done.
@@ -57,6 +68,7 @@ struct TOptions
     bool MinorGrid = false;
     TSchemeChoice Scheme = ccAuto;
     std::string LookFile;  ///< empty: none
+    TLegendChoice Legend = lcAuto;
 };
 
 /// `arguments[0]` is the program's name. EConvertError with one clear message that names the option.

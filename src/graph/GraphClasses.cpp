@@ -5,17 +5,15 @@
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
 #include "graph/KxLabel.h"
+#include "graph/KxLegend.h"
 #include "graph/KxResultLabel.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 4> Classes{
-    &TKx2DGraph::Class,
-    &TKxAxis::Class,
-    &TKxLabel::Class,
-    &TKxResultLabel::Class,
+constexpr std::array<const TClassInfo*, 5> Classes{
+    &TKx2DGraph::Class, &TKxAxis::Class, &TKxLabel::Class, &TKxLegend::Class, &TKxResultLabel::Class,
 };
 
 }  // namespace

@@ -2,17 +2,18 @@
 #pragma once
 
 #include "graph/KxAxisTypes.h"
-#include "host/Control.h"
+#include "host/WindowControl.h"
 
 namespace plotkit {
 
 class TKxIniList;
 
-/// A control that lists the items of the graph it stands in. A descendant enters itself with the graph's `Attach`.
-class TKxAttachedLegend : public TControl
+/// A control that lists the items of the graph it stands in. A descendant enters itself with the graph's `Attach`. It
+/// has a window, so that it stands in front of the plotting area, which covers the whole graph.
+class TKxAttachedLegend : public TWindowControl
 {
 public:
-    using TControl::TControl;
+    using TWindowControl::TWindowControl;
 
     /// Series, their captions or their styles changed.
     virtual void ItemsModified() = 0;
@@ -24,6 +25,9 @@ public:
     /// Look and place, in 1/96 inches. Missing keys keep what is set.
     virtual void SaveOutfit(const std::string& section, TKxIniList& list) = 0;
     virtual void LoadOutfit(const std::string& section, TKxIniList& list) = 0;
+    /// The layout of the axes begins: the legend takes the size it needs. False when it has nothing to show and needs
+    /// no room.
+    virtual bool FitToGraph() { return true; }
 };
 
 }  // namespace plotkit

@@ -163,7 +163,7 @@ void TKxAxisLayout::PlaceLegends()
     });
     FLastLegend = nullptr;
     for (TKxAttachedLegend* legend : legends) {
-        if (!legend->GetVisible() || legend->Parent() != FGraph)
+        if (!legend->GetVisible() || legend->Parent() != FGraph || !legend->FitToGraph())
             continue;
         PlaceLegend(*legend);
         FLastLegend = legend;

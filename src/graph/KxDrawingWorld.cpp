@@ -102,9 +102,13 @@ void TKxDrawingWorld::DrawSeriesList(const TKxSeriesList& list)
         TCanvas& canvas = Canvas();
         canvas.Brush.SetStyle(bsSolid);
         canvas.Brush.SetColor(onNothing ? clWhite : GetColor());
-        series.DrawLine();
-        if (series.HasPointSymbols())
-            series.DrawPoints();
+        if (series.GetShown()) {
+            series.DrawLine();
+            if (series.HasPointSymbols())
+                series.DrawPoints();
+        } else {
+            series.PrepareHidden();
+        }
         DrawSeriesList(series.Childs());
     }
 }

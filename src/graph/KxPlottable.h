@@ -24,6 +24,8 @@ public:
     /// Turns values into pixel points.
     virtual void CalculatePoints() = 0;
     virtual void DrawLine() = 0;
+    /// Takes the place of `DrawLine` while the series is hidden: all that drawing brings up to date, nothing drawn.
+    virtual void PrepareHidden() {}
     /// Whether `DrawPoints` is to be called at all.
     virtual bool HasPointSymbols() const { return false; }
     virtual void DrawPoints() {}
@@ -40,12 +42,28 @@ public:
 
     virtual const std::string& GetCaption() const = 0;
     virtual bool GetIncludeInLegend() const = 0;
+    /// Whether the graph draws the series. A hidden one still counts for the axes and feeds its children, which are
+    /// hidden on their own. A state of the running program that no series stores.
+    bool GetShown() const { return FShown; }
+    void SetShown(bool shown)
+    {
+        if (FShown == shown)
+            return;
+        FShown = shown;
+        ShownChanged();
+    }
     /// Whether values of the series stand at positions of the axis.
     virtual bool UsesAxis(const TKxAxis& axis) const { return static_cast<void>(axis), false; }
     /// Styles that a sample of the series shows; nullptr where the series has none.
     virtual const TKxLineStyle* SampleLine() const { return nullptr; }
     virtual const TKxAreaStyle* SampleArea() const { return nullptr; }
     virtual const TKxPointStyle* SamplePoints() const { return nullptr; }
+
+protected:
+    virtual void ShownChanged() {}
+
+private:
+    bool FShown = true;
 };
 
 }  // namespace plotkit

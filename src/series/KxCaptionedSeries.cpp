@@ -71,6 +71,13 @@ void TKxCaptionedSeries::UpdateLegend()
         legend->ItemsModified();
 }
 
+void TKxCaptionedSeries::ShownChanged()
+{
+    UpdateLegend();
+    if (FWorld)
+        FWorld->Invalidate();
+}
+
 void TKxCaptionedSeries::SetWorld(TKxDrawingWorld* world)
 {
     FWorld = world;

@@ -41,6 +41,7 @@ protected:
     void SetWorld(TKxDrawingWorld* world);
     void WriteCaptionToIni(TKxIniList& list, const std::string& section) const;
     void ReadCaptionFromIni(const TKxIniList& list, const std::string& section);
+    void ShownChanged() override;
     void Notification(TComponent* component, TOperation operation) override;
 
 private:

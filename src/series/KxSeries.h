@@ -72,6 +72,7 @@ public:
     void RecalculateChilds();
     void CalculatePoints() override;
     void DrawLine() override;
+    void PrepareHidden() override { PrepareDrawing(); }
 
     /// Calculated children are known by the next three alone.
     virtual bool IsCalculated() const { return false; }

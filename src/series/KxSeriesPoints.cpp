@@ -220,6 +220,8 @@ double TKxSeries::IntToRealY(int pixel) const
 
 int TKxSeries::FindPoint(int x, int y, int tolerance) const
 {
+    if (!GetShown())
+        return -1;
     const std::int64_t left = std::int64_t{x} - DataOrigin(*this).X;
     const std::int64_t top = std::int64_t{y} - DataOrigin(*this).Y;
     const auto points = FPoints.Values();

@@ -14,10 +14,11 @@ TOptions Parse(std::vector<const char*> arguments)
 
 TEST(Options, AllOfThem)
 {
-    const TOptions options = Parse(
-        {"render",  "--x",       "t",     "--y",       "a,b",         "in.csv",   "--y",       "c",           "-o",
-         "out.PNG", "--x-scale", "time",  "--y-scale", "LogEE",       "--title",  "",          "--x-caption", "\\bt",
-         "--size",  "640x480",   "--dpi", "300",       "--antialias", "--points", "--no-line", "--grid"});
+    const TOptions options =
+        Parse({"render",      "--x",     "t",         "--y",     "a,b",       "in.csv", "--y",         "c",
+               "-o",          "out.PNG", "--x-scale", "time",    "--y-scale", "LogEE",  "--title",     "",
+               "--x-caption", "\\bt",    "--size",    "640x480", "--dpi",     "300",    "--antialias", "--points",
+               "--no-line",   "--grid",  "--legend",  "Free"});
     EXPECT_EQ(options.Command, pcRender);
     EXPECT_EQ(options.File, "in.csv");
     EXPECT_EQ(options.Output, "out.PNG");
@@ -33,6 +34,7 @@ TEST(Options, AllOfThem)
     EXPECT_EQ(options.Dpi, 300);
     EXPECT_TRUE(options.Antialias && options.Grid && options.MinorGrid && !options.Line);
     EXPECT_EQ(options.Points, ooOn);
+    EXPECT_EQ(options.Legend, lcFree);
     EXPECT_NE(Parse({"render", "--help"}).Answer.find("--antialias"), std::string::npos);
     EXPECT_NE(Parse({"--version"}).Answer.find("0."), std::string::npos);
 }
@@ -58,6 +60,7 @@ TEST(Options, ErrorsNameTheOption)
         {{"render", "in.csv", "-o", "a.png", "--y-scale", "cubic"}, "--y-scale: \"cubic\" is no scale"},
         {{"render", "in.csv", "-o", "a.png", "--no-points", "--no-line"}, "--no-line: with --no-points"},
         {{"render", "in.csv", "-o", "a.png", "--grid", "--no-grid"}, "--no-grid"},
+        {{"show", "in.csv", "--legend", "inside"}, "--legend: \"inside\" is no place"},
         {{"show", "in.csv", "--colour"}, "--colour"},
         {{"show", "in.csv", "--dpi", "96"}, "--dpi"},
     };

@@ -4,6 +4,7 @@
 #include <sstream>
 
 #include "data/KxVector.h"
+#include "graph/KxAttached.h"
 #include "graph/KxAxis.h"
 #include "host/DateTime.h"
 #include "host/Errors.h"
@@ -51,7 +52,32 @@ TEST(Plot, SeriesHaveTheirOwnVectorsAndShareTheArrays)
     const TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
     EXPECT_LE(y.GetStart(), 2);
     EXPECT_GE(y.GetStop(), 5);
-    EXPECT_EQ(y.GetCaption(), "a, b");
+}
+
+TEST(Plot, ALegendStandsWhereSeveralOrdinatesNeedOne)
+{
+    const TColumnChoice one = Choose("t,a,b\n1,2,3\n2,,4\n3,4,5\n", {"a"}),
+                        two = Choose("t,a,b\n1,2,3\n2,4,5\n", {"a", "b"});
+    const std::tuple<const TColumnChoice*, TLegendChoice, int, const char*> cases[] = {
+        {&one, lcAuto, -1, "a"},
+        {&two, lcAuto, AxTopPos, ""},
+        {&two, lcNone, -1, "a, b"},
+        {&two, lcLeft, AxLeftPos, ""},
+        {&one, lcFree, AxFreeFloating, "a"}};
+    for (const auto& [choice, wanted, position, caption] : cases) {
+        TOptions options;
+        options.Legend = wanted;
+        const TPlot plot = BuildPlot(*choice, options);
+        plot.Form->Picture();
+        const auto& legends = plot.Graph->AttachedList();
+        ASSERT_EQ(legends.Count(), position < 0 ? 0 : 1);
+        EXPECT_EQ(plot.Graph->GetPrimaryYAxis()->GetCaption(), caption);
+        if (position < 0)
+            continue;
+        EXPECT_EQ(legends[0]->GetInGraphPosition(), position);
+        const TRect outside = plot.Graph->World().DataRect().Intersected(legends[0]->Bounds());
+        EXPECT_EQ(outside == legends[0]->Bounds(), position == AxFreeFloating);
+    }
 }
 
 TEST(Plot, MeasuredFilesFillTheirAxes)

@@ -302,5 +302,28 @@ TEST_F(TSeriesTest, FormTextBringsLinksBackInAnyOrder)
     EXPECT_EQ(back.XRange().GetStop(), 3);
 }
 
+TEST_F(TSeriesTest, AHiddenSeriesFeedsItsChildren)
+{
+    auto* const series = MakeSeries<TKxDataSeries>();
+    auto* const child = new TTestChild(Form.get(), Log);
+    child->SetName("c");
+    series->AddChild(child);
+    Fill({1, 2, 3}, {1, 2, 3});
+    Form->Picture();
+    const TPoint last = series->Points().Values().back() + Graph->World().DataRect().TopLeft();
+    const double stop = series->GetYAxis()->GetStop();
+    EXPECT_EQ(series->FindPoint(last.X, last.Y, 1), 2);
+    series->SetShown(false);
+    EXPECT_EQ(series->FindPoint(last.X, last.Y, 1), -1);
+    EXPECT_TRUE(Form->NeedsPaint());
+    const TRecording hidden = Form->Picture();
+    EXPECT_TRUE(CommandsOf<TPolylineCommand>(hidden).empty() && CommandsOf<TStampCommand>(hidden).empty());
+    Log.clear();
+    Fill({1, 2, 3}, {1, 2, 90});
+    Form->Picture();
+    EXPECT_NE(Log.find("Cc"), std::string::npos);
+    EXPECT_GT(series->GetYAxis()->GetStop(), stop);
+}
+
 }  // namespace
 }  // namespace plotkit
