@@ -251,8 +251,9 @@ TPoint TKxLegend::KeptInside(TPoint at, int width, int height) const
 
 void TKxLegend::SetBounds(int left, int top, int width, int height)
 {
-    // While the resolution changes the tree puts the legend where it stands at the new one.
-    if (!FPlacing && FScale == PixelScale())
+    // While the resolution changes the tree puts the legend where it stands at the new one, and the layout of the axes
+    // leaves a floating one where it stands.
+    if (!FPlacing && FScale == PixelScale() && TPoint{left, top} != Bounds().TopLeft())
         FWanted = {left / FScale, top / FScale};
     const TPoint at =
         IsLoading() ? TPoint{left, top} : KeptInside({left, top}, std::max(width, 0), std::max(height, 0));
