@@ -138,11 +138,12 @@ bool TKxLegend::ItemsAreCurrent() const
 
 void TKxLegend::ItemsModified()
 {
-    // Series call this at every value that widens a range: what changed is found out at the next paint.
-    if (FMeasured && !ItemsAreCurrent()) {
-        FMeasured = false;
+    // Series call this at every value that widens a range. A paint that is due finds out by itself what changed.
+    const TWindowControl* root = Parent();
+    while (root && root->Parent())
+        root = root->Parent();
+    if (root && !root->NeedsPaint() && !ItemsAreCurrent())
         Invalidate();
-    }
 }
 
 void TKxLegend::RefreshItems()

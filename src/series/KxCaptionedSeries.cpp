@@ -66,9 +66,9 @@ void TKxCaptionedSeries::UpdateLegend()
 {
     if (!FWorld)
         return;
-    const TKx2DGraph& graph = FWorld->Graph();
-    for (TKxAttachedLegend* legend : std::vector(graph.AttachedList().Items()))
-        legend->ItemsModified();
+    const TList<TKxAttachedLegend>& legends = FWorld->Graph().AttachedList();
+    for (int i = 0; i < legends.Count(); ++i)
+        legends[i]->ItemsModified();
 }
 
 void TKxCaptionedSeries::ShownChanged()
