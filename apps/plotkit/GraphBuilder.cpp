@@ -4,9 +4,9 @@
 
 #include "data/KxVector.h"
 #include "graph/KxAxis.h"
-#include "plotkit/ColourScheme.h"
 #include "graph/KxLabel.h"
 #include "graph/KxLegend.h"
+#include "plotkit/ColourScheme.h"
 #include "plotkit/DateCaption.h"
 #include "plotkit/LookFile.h"
 #include "series/KxDataSeries.h"
