@@ -1,7 +1,7 @@
 # The job of packages.sh is to install the Debian packages that a script names, when any of them is missing.
 # Sourced by run.sh and test.sh.
 
-plotkit_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev libcli11-dev libcsv-dev
+plotkit_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev libcli11-dev
     fonts-liberation)
 plotkit_test_packages=(libgtest-dev clang python3)
 

@@ -3,11 +3,12 @@
 #include <algorithm>
 #include <array>
 #include <cmath>
+#include <numeric>
 
 #include "host/Errors.h"
 #include "host/NumberFormat.h"
 #include "host/StringList.h"
-#include "plotkit/DateGroups.h"
+#include "plotkit/table/DateGroups.h"
 
 namespace plotkit {
 namespace {
@@ -48,7 +49,14 @@ TChosenColumn Chosen(const TCsvColumn& column)
 {
     TChosenColumn chosen;
     chosen.Name = chosen.Caption = column.Name;
+    if (!column.Unit.empty())
+        chosen.Caption += " (" + column.Unit + ")";
     chosen.IsDateTime = column.Type == ctDateTime;
+    chosen.IsTimeOfDay = column.IsTimeOfDay;
+    chosen.IsOrderOpen = column.IsOrderOpen;
+    chosen.IsDayFirst = column.IsDayFirst;
+    chosen.IsUniversal = column.IsUniversal;
+    chosen.Sources = {column.Number - 1};
     chosen.Values = column.Values;
     chosen.ValueCount = column.ValueCount;
     chosen.BadCount = column.BadCount;
@@ -56,10 +64,12 @@ TChosenColumn Chosen(const TCsvColumn& column)
     return chosen;
 }
 
-TChosenColumn Joined(const TCsvColumn& date)
+TChosenColumn Joined(const TCsvColumn& date, const TDateGroup& group)
 {
     TChosenColumn chosen = Chosen(date);
     chosen.Caption = "date";
+    chosen.Sources.resize(group.Count);
+    std::iota(chosen.Sources.begin(), chosen.Sources.end(), group.First);
     return chosen;
 }
 
@@ -96,6 +106,7 @@ private:
     bool IsTime(TIndex column) const;
     std::vector<TIndex> Find(std::string_view name) const;
     TIndex FindOne(std::string_view name, std::string_view option) const;
+    TChosenColumn Take(TIndex column);
     [[noreturn]] void Fail(const std::string& what) const { throw EConvertError(FTable.File + ": " + what); }
     [[noreturn]] void FailWithoutNumbers(const TCsvColumn& column, std::string_view option) const;
     [[noreturn]] void FailWithoutAnyNumbers() const;
@@ -173,13 +184,23 @@ void TChooser::FailWithoutAnyNumbers() const
     Fail("no column holds numbers");
 }
 
+/// Thousands marks are refused where the column is wanted: 1,234 may be a decimal as well.
+TChosenColumn TChooser::Take(TIndex i)
+{
+    const TCsvColumn& column = FTable.Columns[i];
+    if (column.GroupedCount > 0)
+        Fail("line " + std::to_string(column.FirstGrouped.Line) + ", column \"" + column.Name + "\": \"" +
+             column.FirstGrouped.Text + "\" has a thousands mark; write numbers without");
+    FTaken[i] = true;
+    return Chosen(column);
+}
+
 void TChooser::TakeOrdinate(std::string_view name, TColumnChoice& choice)
 {
     const TCsvColumn& column = FTable.Columns[FindOne(name, "--y")];
     if (column.Type != ctNumber)
         FailWithoutNumbers(column, "--y");
-    FTaken[column.Number - 1] = true;
-    choice.Ys.push_back(Chosen(column));
+    choice.Ys.push_back(Take(column.Number - 1));
 }
 
 void TChooser::TakeNamedOrdinates(const std::vector<std::string>& ys, TColumnChoice& choice)
@@ -202,7 +223,7 @@ bool TChooser::TakeNamedGroup(const std::string& name, TColumnChoice& choice)
     for (const TDateGroup& group : FGroups) {
         const TCsvColumn date = JoinDateGroup(FTable, group);
         if (SameText(date.Name, name) && Find(name).empty()) {
-            choice.X = Joined(date);
+            choice.X = Joined(date, group);
             return true;
         }
     }
@@ -218,12 +239,11 @@ void TChooser::TakeAbscissa(TColumnChoice& choice)
                 continue;
             const TCsvColumn date = JoinDateGroup(FTable, *group);
             if (date.ValueCount > 0) {
-                choice.X = Joined(date);
+                choice.X = Joined(date, *group);
                 return;
             }
         } else if (!FTaken[i] && (column.Type == ctDateTime || IsStrictlyAscending(column))) {
-            FTaken[i] = true;
-            choice.X = Chosen(column);
+            choice.X = Take(i);
             return;
         }
     }
@@ -234,9 +254,10 @@ bool TChooser::TakeFirstOrdinate(TColumnChoice& choice, bool timesToo)
 {
     for (TIndex i = 0; i < FTable.Columns.size(); ++i) {
         const TCsvColumn& column = FTable.Columns[i];
-        if (column.Type != ctNumber || column.ValueCount == 0 || FTaken[i] || (!timesToo && IsTime(i)))
+        const bool isEmpty = column.ValueCount + column.GroupedCount == 0;
+        if (column.Type != ctNumber || isEmpty || FTaken[i] || (!timesToo && IsTime(i)))
             continue;
-        choice.Ys.push_back(Chosen(column));
+        choice.Ys.push_back(Take(i));
         return true;
     }
     return false;
@@ -249,8 +270,7 @@ TColumnChoice TChooser::Choose(const std::optional<std::string>& x, const std::v
         const TCsvColumn& column = FTable.Columns[FindOne(*x, "--x")];
         if (column.Type == ctText)
             FailWithoutNumbers(column, "--x");
-        FTaken[column.Number - 1] = true;
-        choice.X = Chosen(column);
+        choice.X = Take(column.Number - 1);
     }
     TakeNamedOrdinates(ys, choice);
     if (!x)
@@ -276,31 +296,16 @@ TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::str
 
 std::string DescribeChoice(const TColumnChoice& choice)
 {
-    std::string text = "X: " + choice.X.Name + (choice.X.IsDateTime ? " (date), Y: " : ", Y: ");
+    std::string text = "X: " + choice.X.Name;
+    text += choice.X.IsTimeOfDay ? " (time of day), Y: " : choice.X.IsDateTime ? " (date), Y: " : ", Y: ";
     for (std::size_t i = 0; i < choice.Ys.size(); ++i) {
-        const std::size_t count = choice.Ys[i].ValueCount;
-        text +=
-            (i ? ", " : "") + choice.Ys[i].Name + " (" + std::to_string(count) + (count == 1 ? " value)" : " values)");
+        const TChosenColumn& column = choice.Ys[i];
+        const std::size_t count = column.ValueCount;
+        const std::size_t missing = column.Values.Length() - count - column.BadCount;
+        text += (i ? ", " : "") + column.Name + " (" + std::to_string(count) + (count == 1 ? " value" : " values") +
+                (missing ? ", " + std::to_string(missing) + " missing)" : ")");
     }
     return text;
-}
-
-std::vector<std::string> DescribeBadCells(const TCsvTable& table, const TColumnChoice& choice)
-{
-    std::vector<std::string> lines;
-    const auto add = [&](const TChosenColumn& column) {
-        if (column.BadCount == 0)
-            return;
-        std::string line = table.File + ": line " + std::to_string(column.FirstBad.Line) + ", column \"" + column.Name +
-                           "\": \"" + column.FirstBad.Text + "\" is no " + (column.IsDateTime ? "date" : "number");
-        if (column.BadCount > 1)
-            line += ", the first of " + std::to_string(column.BadCount) + " such cells";
-        lines.push_back(line);
-    };
-    add(choice.X);
-    for (const TChosenColumn& column : choice.Ys)
-        add(column);
-    return lines;
 }
 
 }  // namespace plotkit

@@ -116,15 +116,15 @@ void SetLook(TKx2DGraph& graph, const TOptions& options, const TColourScheme& sc
     }
 }
 
-TKxRealVector* NewVector(TForm& form, const TArray<double>& values)
+TKxRealVector* NewVector(TForm& form, const TArray<double>& values, const TOptions& options)
 {
-    auto* vector = new TKxRealVector(&form);
+    auto* vector = options.Follow ? new TKxLiveVector(&form) : new TKxRealVector(&form);
     vector->Assign(values);
     return vector;
 }
 
-void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std::size_t i, const TOptions& options,
-               const TColourScheme& scheme)
+TKxDataSeries* AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std::size_t i,
+                         const TOptions& options, const TColourScheme& scheme)
 {
     const TChosenColumn& column = choice.Ys[i];
     const TColor color = scheme.Curves[i % SchemeColours];
@@ -145,8 +145,9 @@ void AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std:
     // The ranges of plain vectors are registered only with an axis that is there before them.
     series->SetXAxis(graph.GetPrimaryXAxis());
     series->SetYAxis(graph.GetPrimaryYAxis());
-    series->SetXData(NewVector(form, choice.X.Values));
-    series->SetYData(NewVector(form, column.Values));
+    series->SetXData(NewVector(form, choice.X.Values, options));
+    series->SetYData(NewVector(form, column.Values, options));
+    return series;
 }
 
 TKxAxisPos PositionOf(TLegendChoice choice, std::size_t count)
@@ -210,10 +211,10 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
     x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime));
     y.SetScaling(ScalingOf(options.YScale, false));
     for (std::size_t i = 0; i < choice.Ys.size(); ++i)
-        AddSeries(form, *plot.Graph, choice, i, options, scheme);
+        plot.Series.push_back(AddSeries(form, *plot.Graph, choice, i, options, scheme));
     if (HasLegend(choice, options))
         AddLegend(form, *plot.Graph, choice.Ys.size(), options.Legend, scheme);
-    if (x.GetScaling() == AxDateTime && !options.XCaption)
+    if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay)
         plot.DateName = x.GetUserCaption();
     if (!options.LookFile.empty())
         plot.Notes = DressPlot(plot, options, options.LookFile);

@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <functional>
 #include <limits>
-#include <span>
 
 #include "host/Errors.h"
 
@@ -23,8 +22,7 @@ void FitColumn(TChosenColumn& column, const std::string& option, std::vector<std
     if (lost == 0)
         return;
     std::vector<double> positive(values.begin(), values.end());
-    std::replace_if(positive.begin(), positive.end(), std::not_fn(IsPositive),
-                    std::numeric_limits<double>::quiet_NaN());
+    KeepPositive(positive);
     column.Values = TArray<double>(std::move(positive));
     column.ValueCount = count;
     notes.push_back(option + ": column \"" + column.Name + "\": " + std::to_string(lost) +
@@ -34,7 +32,7 @@ void FitColumn(TChosenColumn& column, const std::string& option, std::vector<std
 void FitColumns(std::span<TChosenColumn> columns, TScaleChoice scale, const std::string& option,
                 std::vector<std::string>& notes)
 {
-    if (scale != scLog && scale != scLogEE)
+    if (!NeedsPositive(scale))
         return;
     std::size_t count = 0;
     for (TChosenColumn& column : columns) {
@@ -46,6 +44,16 @@ void FitColumns(std::span<TChosenColumn> columns, TScaleChoice scale, const std:
 }
 
 }  // namespace
+
+bool NeedsPositive(TScaleChoice scale)
+{
+    return scale == scLog || scale == scLogEE;
+}
+
+void KeepPositive(std::span<double> values)
+{
+    std::replace_if(values.begin(), values.end(), std::not_fn(IsPositive), std::numeric_limits<double>::quiet_NaN());
+}
 
 std::vector<std::string> FitToLogScales(TColumnChoice& choice, const TOptions& options)
 {

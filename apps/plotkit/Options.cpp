@@ -21,6 +21,7 @@ constexpr long long MaxArea = 200'000'000;
 struct TTexts
 {
     std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme, Legend;
+    std::string Separator, Decimal, Header, Comment, Skip, Dates, Follow;
     bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
 };
 
@@ -61,6 +62,75 @@ long long IntegerOf(const std::string& text, const std::string& option, const st
     return *value;
 }
 
+char SeparatorOf(const std::string& text)
+{
+    constexpr std::array<std::pair<std::string_view, char>, 9> names{{{"comma", ','},
+                                                                      {"semicolon", ';'},
+                                                                      {"tab", '\t'},
+                                                                      {"\\t", '\t'},
+                                                                      {"blank", ' '},
+                                                                      {"blanks", ' '},
+                                                                      {"space", ' '},
+                                                                      {"bar", '|'},
+                                                                      {"pipe", '|'}}};
+    for (const auto& [name, separator] : names)
+        if (SameText(name, text))
+            return separator;
+    constexpr std::string_view never = "\"'.+-_#%\r\n";
+    const auto code = text.empty() ? 0 : static_cast<unsigned char>(text[0]);
+    if (text.size() != 1 || code >= 0x7F || std::isalnum(code) || never.find(text[0]) != std::string_view::npos)
+        Fail("--separator", "\"" + text + "\" is no separator; there are comma, semicolon, tab, blank and bar");
+    return text[0];
+}
+
+/// Which of the words `text` is: the first or the second.
+bool IsFirst(const std::string& option, const std::string& text, std::array<std::string_view, 4> words)
+{
+    for (std::size_t i = 0; i < words.size(); ++i)
+        if (SameText(words[i], text))
+            return i % 2 == 0;
+    Fail(option, "\"" + text + "\" is neither " + std::string(words[0]) + " nor " + std::string(words[1]));
+}
+
+void ReadReading(const CLI::App& command, const TTexts& texts, TDialectWish& wish)
+{
+    if (command.count("--separator"))
+        wish.Separator = SeparatorOf(texts.Separator);
+    if (command.count("--decimal"))
+        wish.Decimal = IsFirst("--decimal", texts.Decimal, {"point", "comma", ".", ","}) ? '.' : ',';
+    if (command.count("--header") && !SameText(texts.Header, "auto"))
+        wish.Header = IsFirst("--header", texts.Header, {"yes", "no", "1", "0"});
+    if (command.count("--comment"))
+        wish.Comments = texts.Comment;
+    if (command.count("--dates"))
+        wish.DayFirst = IsFirst("--dates", texts.Dates, {"dmy", "mdy", "dmy", "mdy"});
+    if (command.count("--skip")) {
+        const std::string bad = "\"" + texts.Skip + "\" is no number of lines";
+        const long long skip = IntegerOf(texts.Skip, "--skip", bad);
+        if (skip < 0)
+            Fail("--skip", bad);
+        wish.Skip = static_cast<std::size_t>(skip);
+    }
+}
+
+/// The file, which may stand where --follow could have a number.
+void ReadFile(const CLI::App& command, const TTexts& texts, TOptions& options)
+{
+    constexpr double slowest = 86400;
+    if (options.Command == pcShow && command.count("--follow")) {
+        std::string seconds = texts.Follow;
+        if (options.File.empty() && !ParseReal(seconds))
+            options.File.swap(seconds);
+        options.Follow = seconds.empty() ? 1 : ParseReal(seconds).value_or(0);
+        if (!(*options.Follow >= 0.01 && *options.Follow <= slowest))
+            Fail("--follow", "\"" + seconds + "\" is no time; it is a number of seconds from 0.01 to 86400");
+        if (options.File == "-")
+            Fail("--follow", "standard input cannot be followed, only a file can");
+    }
+    if (options.File.empty())
+        Fail("FILE", "name the file with the data");
+}
+
 void ReadSize(const TTexts& texts, TOptions& options)
 {
     const std::string badSize =
@@ -92,8 +162,7 @@ void ReadSize(const TTexts& texts, TOptions& options)
 
 void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
 {
-    app.add_option("FILE", options.File, "The data: comma-separated text, the first line names the columns")
-        ->required();
+    app.add_option("FILE", options.File, "The data: a table as text; - is standard input");
     app.add_option("--x", texts.X, "Column of the abscissae, by name or by number from 1");
     app.add_option("--y", options.Ys, "Columns of the ordinates, separated by commas; may be repeated")
         ->expected(1)
@@ -115,6 +184,17 @@ void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
     app.add_option("--colours", texts.Scheme, "light, dark or auto: as the desktop in a window, light in pictures");
     app.add_option("--outfit", options.LookFile, "Look of the graph, as saved in the window")->type_name("FILE");
     app.add_option("--legend", texts.Legend, "none, top, bottom, left, right or free (one for several ordinates)");
+}
+
+void AddReadingOptions(CLI::App& app, TTexts& texts)
+{
+    app.add_option("--separator", texts.Separator,
+                   "Between the cells: comma, semicolon, tab, blank, bar or a character");
+    app.add_option("--decimal", texts.Decimal, "Decimal mark: point or comma");
+    app.add_option("--header", texts.Header, "Whether a line names the columns: yes, no or auto");
+    app.add_option("--comment", texts.Comment, "Characters that start a remark (#%//); none when empty");
+    app.add_option("--skip", texts.Skip, "Lines at the start of the file that do not count");
+    app.add_option("--dates", texts.Dates, "How 1/2/2012 is read: dmy or mdy");
 }
 
 void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
@@ -141,6 +221,8 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     if (!options.Line && options.Points == ooOff)
         Fail("--no-line", "with --no-points nothing would be drawn");
     ReadSize(texts, options);
+    ReadReading(command, texts, options.Reading);
+    ReadFile(command, texts, options);
     if (options.Command != pcRender)
         return;
     if (options.Output.empty())
@@ -161,6 +243,11 @@ TOptions ParseOptions(int count, const char* const* arguments)
     CLI::App* show = app.add_subcommand("show", "Show the graph of a file in a window");
     for (CLI::App* command : {render, show})
         AddCommonOptions(*command, options, texts);
+    for (CLI::App* command : {render, show})
+        AddReadingOptions(*command, texts);
+    show->add_option("--follow", texts.Follow, "Follow a file that grows; looks every SECONDS (1)")
+        ->expected(0, 1)
+        ->type_name("[SECONDS]");
     render->add_option("-o,--output", options.Output, "The picture to be written (PNG)")->type_name("FILE");
     render->add_option("--dpi", texts.Dpi, "Pixels per inch (96)");
     render->add_flag("--antialias", options.Antialias, "Smooth the edges");

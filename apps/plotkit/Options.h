@@ -5,6 +5,8 @@
 #include <string>
 #include <vector>
 
+#include "plotkit/table/TableDialect.h"
+
 namespace plotkit {
 
 enum TProgramCommand
@@ -69,6 +71,9 @@ struct TOptions
     TSchemeChoice Scheme = ccAuto;
     std::string LookFile;  ///< empty: none
     TLegendChoice Legend = lcAuto;
+    TDialectWish Reading;
+    /// Seconds between two looks at a file that grows, of `show`.
+    std::optional<double> Follow;
 };
 
 /// `arguments[0]` is the program's name. EConvertError with one clear message that names the option.

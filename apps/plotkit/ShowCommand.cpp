@@ -5,14 +5,16 @@
 #include <QMainWindow>
 #include <QStatusBar>
 #include <QTimer>
+#include <iostream>
 
 #include "plotkit/DateCaption.h"
+#include "plotkit/FollowedPlot.h"
 #include "plotkit/GraphBuilder.h"
 #include "qt/KxGraphInteraction.h"
 
 namespace plotkit {
 
-int ShowPlot(const TColumnChoice& choice, const TOptions& options)
+int ShowPlot(const TCsvTable& table, const TColumnChoice& choice, const TOptions& options)
 {
     const TPlot plot = BuildPlot(choice, options);
     QMainWindow window;
@@ -29,6 +31,13 @@ int ShowPlot(const TColumnChoice& choice, const TOptions& options)
     window.setWindowTitle(QFileInfo(QString::fromStdString(options.File)).fileName() + " - Plotkit");
     window.resize(options.Width, options.Height + window.statusBar()->sizeHint().height());
     widget->setFocus();
+    std::optional<TFollowedPlot> followed;
+    if (options.Follow) {
+        followed.emplace(plot, table, choice, options);
+        followed->OnNote = [](const std::string& note) { std::cerr << "plotkit: " << note << std::endl; };
+        followed->OnGrown = zoom.OnZoomed;
+        followed->Start();
+    }
     window.show();
     return QApplication::exec();
 }

@@ -5,13 +5,17 @@
 
 #include "host/Errors.h"
 #include "plotkit/ColumnChoice.h"
-#include "plotkit/CsvTable.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/Options.h"
+#include "plotkit/ProgressLine.h"
 #include "plotkit/RenderCommand.h"
 #include "plotkit/ShowCommand.h"
+#include "plotkit/TableNotes.h"
+#include "plotkit/table/CsvTable.h"
+#include "plotkit/table/DateText.h"
 #include "qt/KxPngExport.h"
 #include "qt/KxQtHost.h"
+#include "qt/KxQtLocale.h"
 
 namespace {
 
@@ -32,18 +36,32 @@ bool HasDisplay()
            qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
+plotkit::TCsvTable ReadTable(const plotkit::TOptions& options)
+{
+    plotkit::TProgressLine line(std::cerr, plotkit::IsErrorTerminal(), "plotkit: reading " + options.File);
+    plotkit::TReadOptions reading;
+    reading.Wish = options.Reading;
+    reading.IsGrowing = options.Follow.has_value();
+    reading.Progress = [&](std::uint64_t read, std::uint64_t total) {
+        line.Show(read, total);
+        return true;
+    };
+    return plotkit::ReadCsvFile(options.File, reading);
+}
+
 int Run(int count, char** arguments)
 {
     using namespace plotkit;
-    const TOptions options = ParseOptions(count, arguments);
+    TOptions options = ParseOptions(count, arguments);
     if (!options.Answer.empty()) {
         std::cout << options.Answer;
         return 0;
     }
-    const TCsvTable table = ReadCsvFile(options.File);
+    options.Reading.LocaleDayFirst = WritesDayFirst(LocaleFormatsOf(QLocale::system()).ShortDateFormat);
+    const TCsvTable table = ReadTable(options);
     TColumnChoice choice = ChooseColumns(table, options.X, options.Ys);
-    const std::string described = DescribeChoice(choice);
-    std::vector<std::string> notes = DescribeBadCells(table, choice);
+    const std::string described = DescribeReading(table) + "\n" + DescribeChoice(choice);
+    std::vector<std::string> notes = DescribeDoubts(table, choice);
     for (const std::string& note : FitToLogScales(choice, options))
         notes.push_back(note);
     if (options.Command == pcShow && !HasDisplay())
@@ -59,7 +77,7 @@ int Run(int count, char** arguments)
     for (const std::string& note : notes)
         std::cerr << "plotkit: " << note << std::endl;
     if (options.Command == pcShow)
-        return ShowPlot(choice, options);
+        return ShowPlot(table, choice, options);
     bool failed = false;
     host.OnError = [&](const std::exception&) { failed = true; };
     const QImage picture = DrawPlot(choice, options);

@@ -5,6 +5,7 @@
 #include "host/DateTime.h"
 #include "host/Errors.h"
 #include "plotkit/ColumnChoice.h"
+#include "plotkit/TableNotes.h"
 
 namespace plotkit {
 namespace {
@@ -73,7 +74,7 @@ TEST(ColumnChoice, PartsOfADateAreJoinedAndBadOnesNamed)
     const TColumnChoice choice = ChooseColumns(table, std::nullopt, {});
     EXPECT_EQ(choice.X.ValueCount, 1U);
     EXPECT_EQ(DecodeDateTime(choice.X.Values[0]), (TDateTimeParts{2012, 2, 29, 6, 30, 15, 500}));
-    const auto bad = DescribeBadCells(table, choice);
+    const auto bad = DescribeDoubts(table, choice);
     ASSERT_EQ(bad.size(), 1U);
     EXPECT_EQ(bad[0],
               "data.csv: line 3, column \"year..second\": \"2011 2 29 0 0 0\" is no date, the first of 2 such cells");

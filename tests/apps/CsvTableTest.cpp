@@ -8,8 +8,8 @@
 #include "host/Errors.h"
 #include "host/StringList.h"
 #include "plotkit/ColumnChoice.h"
-#include "plotkit/CsvTable.h"
-#include "plotkit/DateText.h"
+#include "plotkit/table/CsvTable.h"
+#include "plotkit/table/DateText.h"
 
 namespace plotkit {
 namespace {
@@ -142,15 +142,15 @@ TEST(DateText, DatesAndWhatIsNone)
         {"2012-02-29T23:30-0130", "2012-03-01 01:00:00.000"},
     };
     for (const auto& [text, expected] : dates) {
-        const auto value = ParseDateText(text);
+        const auto value = ReadDateText(text);
         ASSERT_TRUE(value) << text;
-        EXPECT_EQ(FormatDateTime("yyyy\"-\"mm\"-\"dd hh\":\"nn\":\"ss\".\"zzz", *value, {}), expected) << text;
+        EXPECT_EQ(FormatDateTime("yyyy\"-\"mm\"-\"dd hh\":\"nn\":\"ss\".\"zzz", value->DayFirst, {}), expected) << text;
     }
     for (const char* text :
          {"", "2012", "2012-", "2012-13", "2012-00", "2011-02-29", "2012-10/05", "2012-10-05T", "20121005",
           "2012-10-05 24:00", "2012-10-05 12:60", "2012-10-05 12:00:00.", "2012-10-05 12:00 PM", "2012-10-05T12:00+1",
           "2012-10-05Z", "12-10-05", "-2012-10-05", "2012-010-05", "0000-01-01"})
-        EXPECT_FALSE(ParseDateText(text)) << text;
+        EXPECT_FALSE(ReadDateText(text)) << text;
 }
 
 }  // namespace

@@ -1,0 +1,43 @@
+// The job of FollowedPlot is to let a graph grow with the file that its columns were read from.
+#pragma once
+
+#include <functional>
+#include <memory>
+#include <string>
+
+#include "host/Timer.h"
+#include "plotkit/ColumnChoice.h"
+#include "plotkit/GraphBuilder.h"
+#include "plotkit/Options.h"
+#include "plotkit/table/FileFollower.h"
+
+namespace plotkit {
+
+class TFollowedPlot
+{
+public:
+    /// `plot` was built with `options`, which say how often the file is looked at, and outlives this object. EFileError
+    /// when the file cannot be followed.
+    TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TColumnChoice& choice, const TOptions& options);
+    TFollowedPlot(const TFollowedPlot&) = delete;
+    TFollowedPlot& operator=(const TFollowedPlot&) = delete;
+
+    /// Starts looking on the clock of the host in force.
+    void Start();
+    /// Looks now.
+    void Poll();
+
+    /// Told of each thing in the file that could not be read, and of a file that was replaced.
+    std::function<void(const std::string&)> OnNote;
+    /// Called behind each change of the graph.
+    std::function<void()> OnGrown;
+
+private:
+    TFileFollower FFollower;
+    std::vector<TKxDataSeries*> FSeries;
+    bool FIsXPositive, FIsYPositive;
+    int FInterval;
+    std::unique_ptr<TTimer> FTimer;
+};
+
+}  // namespace plotkit
