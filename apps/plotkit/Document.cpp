@@ -5,26 +5,51 @@
 #include "plotkit/DateCaption.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/LookFile.h"
+#include "plotkit/TableNotes.h"
 
 namespace plotkit {
 
-TDocument::TDocument(const TOptions& options) : FTable(ReadCsvFile(options.File))
+TDocument::TDocument(const TOptions& options, const TReadProgress& progress)
+    : FTable(ReadCsvFile(options.File, {options.Reading, progress, options.Follow.has_value()}))
 {
     Build(options);
+}
+
+std::string TDocument::Description() const
+{
+    return DescribeReading(FTable) + "\n" + ChoiceDescription();
 }
 
 void TDocument::Build(const TOptions& options)
 {
     TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys);
-    std::vector<std::string> notes = DescribeBadCells(FTable, choice);
+    std::vector<std::string> notes = DescribeDoubts(FTable, choice);
     for (std::string& note : FitToLogScales(choice, options))
         notes.push_back(std::move(note));
     TPlot plot = BuildPlot(choice, options);
+    FFollowed.reset();
     notes.insert(notes.end(), plot.Notes.begin(), plot.Notes.end());
     FOptions = options;
     FChoice = std::move(choice);
     FPlot = std::move(plot);
     FNotes = std::move(notes);
+    StartFollowing();
+}
+
+void TDocument::StartFollowing()
+{
+    if (!FOptions.Follow)
+        return;
+    FFollowed = std::make_unique<TFollowedPlot>(FPlot, FTable, FChoice, FOptions);
+    FFollowed->OnNote = [this](const std::string& note) {
+        if (OnNote)
+            OnNote(note);
+    };
+    FFollowed->OnGrown = [this] {
+        if (OnGrown)
+            OnGrown();
+    };
+    FFollowed->Start();
 }
 
 std::vector<std::string> TDocument::ColumnNames() const
@@ -35,24 +60,17 @@ std::vector<std::string> TDocument::ColumnNames() const
     return names;
 }
 
-int TDocument::NumberOf(const std::string& name) const
-{
-    for (std::size_t i = 0; i < FTable.Columns.size(); ++i)
-        if (FTable.Columns[i].Name == name)
-            return static_cast<int>(i);
-    return -1;
-}
-
 int TDocument::XColumn() const
 {
-    return NumberOf(FChoice.X.Name);
+    return FChoice.X.Sources.size() == 1 ? static_cast<int>(FChoice.X.Sources[0]) : -1;
 }
 
 std::vector<int> TDocument::YColumns() const
 {
     std::vector<int> numbers;
     for (const TChosenColumn& column : FChoice.Ys)
-        numbers.push_back(NumberOf(column.Name));
+        if (!column.Sources.empty())
+            numbers.push_back(static_cast<int>(column.Sources[0]));
     return numbers;
 }
 
@@ -91,8 +109,11 @@ void TDocument::SetScheme(TSchemeChoice scheme)
         Recolour(*plot.Form, LightScheme(), DarkScheme());
     else
         Recolour(*plot.Form, DarkScheme(), LightScheme());
+    FFollowed.reset();
     FOptions = options;
     FPlot = std::move(plot);
+    // What the file got since it was read comes with the first look at it.
+    StartFollowing();
 }
 
 void TDocument::UseLook(const std::string& fileName)

@@ -1,30 +1,36 @@
 // The job of Document is one open data file: its table, the columns chosen from it and their graph.
 #pragma once
 
+#include <functional>
+#include <memory>
 #include <string>
 #include <vector>
 
 #include "plotkit/ColumnChoice.h"
+#include "plotkit/FollowedPlot.h"
 #include "plotkit/GraphBuilder.h"
 
 namespace plotkit {
 
-/// Every operation raises before it changes anything: EFileError, EConvertError as those of reading, choosing,
-/// building.
+/// The file is followed when the options say so. Every operation raises before it changes anything: EFileError,
+/// EConvertError as those of reading, choosing, building.
 class TDocument
 {
 public:
-    explicit TDocument(const TOptions& options);
+    explicit TDocument(const TOptions& options, const TReadProgress& progress = {});
+    TDocument(const TDocument&) = delete;
+    TDocument& operator=(const TDocument&) = delete;
 
     const TOptions& Options() const { return FOptions; }
     const TPlot& Plot() const { return FPlot; }
-    /// Which columns are plotted and how many values.
-    std::string Description() const { return DescribeChoice(FChoice); }
+    /// How the file was read, a line, and which columns are plotted and how many values, another.
+    std::string Description() const;
+    std::string ChoiceDescription() const { return DescribeChoice(FChoice); }
     /// What the user should know of the latest reading or building, a line each.
     const std::vector<std::string>& Notes() const { return FNotes; }
 
     std::vector<std::string> ColumnNames() const;
-    /// Numbers from 0; -1 where no single column is the abscissa.
+    /// Numbers from 0; -1 where not one single column is the abscissa.
     int XColumn() const;
     std::vector<int> YColumns() const;
 
@@ -40,14 +46,19 @@ public:
     void UseLook(const std::string& fileName);
     void SaveLookAs(const std::string& fileName);
 
+    /// Of a file that is followed as the options say: something in it could not be read; the graph has grown.
+    std::function<void(const std::string&)> OnNote;
+    std::function<void()> OnGrown;
+
 private:
-    int NumberOf(const std::string& name) const;
     void Build(const TOptions& options);
+    void StartFollowing();
 
     TOptions FOptions;
     TCsvTable FTable;
     TColumnChoice FChoice;
     TPlot FPlot;
+    std::unique_ptr<TFollowedPlot> FFollowed;
     std::vector<std::string> FNotes;
 };
 

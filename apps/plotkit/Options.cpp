@@ -16,6 +16,8 @@ constexpr std::array<std::string_view, 6> LegendNames{"none", "top", "bottom", "
 // What a raster picture may have: QPainter counts its coordinates with 16 bits.
 constexpr long long MaxPixels = 32767;
 constexpr long long MaxArea = 200'000'000;
+// The largest page of PDF is 200 inches wide.
+constexpr int MaxVectorSide = 19200;
 
 /// What the command line holds before it is understood.
 struct TTexts
@@ -127,7 +129,8 @@ void ReadFile(const CLI::App& command, const TTexts& texts, TOptions& options)
         if (options.File == "-")
             Fail("--follow", "standard input cannot be followed, only a file can");
     }
-    if (options.File.empty())
+    // A window can wait for its file.
+    if (options.File.empty() && (options.Command == pcRender || options.Follow))
         Fail("FILE", "name the file with the data");
 }
 
@@ -162,7 +165,7 @@ void ReadSize(const TTexts& texts, TOptions& options)
 
 void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
 {
-    app.add_option("FILE", options.File, "The data: a table as text; - is standard input");
+    app.add_option("FILE", options.File, "The data: a table as text; - is standard input; show also waits for one");
     app.add_option("--x", texts.X, "Column of the abscissae, by name or by number from 1");
     app.add_option("--y", options.Ys, "Columns of the ordinates, separated by commas; may be repeated")
         ->expected(1)
@@ -223,15 +226,39 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     ReadSize(texts, options);
     ReadReading(command, texts, options.Reading);
     ReadFile(command, texts, options);
+    const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
     if (options.Command != pcRender)
         return;
     if (options.Output.empty())
         Fail("--output", "name the picture to be written, such as -o graph.png");
-    if (options.Output.size() < 4 || !SameText(options.Output.substr(options.Output.size() - 4), ".png"))
-        Fail("--output", "\"" + options.Output + "\" does not end in .png, and PNG is what is written");
+    const auto format = PictureFormatOf(options.Output);
+    if (!format)
+        Fail("--output", "\"" + options.Output + "\" does not end in .png, .svg or .pdf, which say what is written");
+    options.Format = *format;
+    if (options.Format != pfPng && command.count("--dpi"))
+        Fail("--dpi", noPixels);
+    if (options.Format != pfPng && options.Antialias)
+        Fail("--antialias", noPixels);
+    if (options.Format != pfPng && std::max(options.Width, options.Height) > MaxVectorSide)
+        Fail("--size", "a page is at most " + std::to_string(MaxVectorSide) + " 1/96 inches wide and high");
 }
 
 }  // namespace
+
+std::optional<TPictureFormat> PictureFormatOf(std::string_view fileName)
+{
+    constexpr std::array<std::string_view, 3> endings{".png", ".svg", ".pdf"};
+    for (std::size_t i = 0; i < endings.size(); ++i)
+        if (fileName.size() >= endings[i].size() &&
+            SameText(fileName.substr(fileName.size() - endings[i].size()), endings[i]))
+            return static_cast<TPictureFormat>(i);
+    return std::nullopt;
+}
+
+std::string ProgramVersion()
+{
+    return PLOTKIT_VERSION;
+}
 
 TOptions ParseOptions(int count, const char* const* arguments)
 {
@@ -248,9 +275,11 @@ TOptions ParseOptions(int count, const char* const* arguments)
     show->add_option("--follow", texts.Follow, "Follow a file that grows; looks every SECONDS (1)")
         ->expected(0, 1)
         ->type_name("[SECONDS]");
-    render->add_option("-o,--output", options.Output, "The picture to be written (PNG)")->type_name("FILE");
-    render->add_option("--dpi", texts.Dpi, "Pixels per inch (96)");
-    render->add_flag("--antialias", options.Antialias, "Smooth the edges");
+    render->add_option("-o,--output", options.Output, "The picture to be written: .png, .svg or .pdf")
+        ->type_name("FILE");
+    render->add_option("--dpi", texts.Dpi, "Pixels per inch of a PNG (96)");
+    render->add_flag("--antialias", options.Antialias, "Smooth the edges of a PNG");
+    render->add_flag("--light", options.Light, "Colours for white paper where the ground is dark");
     try {
         app.parse(count, arguments);
         if (app.get_subcommands().empty())

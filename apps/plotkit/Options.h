@@ -28,6 +28,12 @@ enum TSchemeChoice
     ccLight,
     ccDark
 };
+enum TPictureFormat
+{
+    pfPng,
+    pfSvg,
+    pfPdf
+};
 enum TOnOff
 {
     ooAuto,
@@ -53,7 +59,11 @@ struct TOptions
 
     TProgramCommand Command = pcRender;
     std::string File;
-    std::string Output;  ///< of `render`
+    std::string Output;  ///< of `render`, like the four below
+    TPictureFormat Format = pfPng;
+    int Dpi = 96;
+    bool Antialias = false;
+    bool Light = false;  ///< colours for white paper
     std::optional<std::string> X;
     std::vector<std::string> Ys;
     TScaleChoice XScale = scAuto;
@@ -61,8 +71,6 @@ struct TOptions
     std::optional<std::string> Title, XCaption, YCaption;
     int Width = 800;  ///< 1/96 inch
     int Height = 600;
-    int Dpi = 96;
-    bool Antialias = false;
     TOnOff Points = ooAuto;
     bool Line = true;
     bool Area = false;
@@ -75,6 +83,11 @@ struct TOptions
     /// Seconds between two looks at a file that grows, of `show`.
     std::optional<double> Follow;
 };
+
+/// By the end of the name; nothing for another one.
+std::optional<TPictureFormat> PictureFormatOf(std::string_view fileName);
+
+std::string ProgramVersion();
 
 /// `arguments[0]` is the program's name. EConvertError with one clear message that names the option.
 TOptions ParseOptions(int count, const char* const* arguments);

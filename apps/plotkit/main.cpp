@@ -4,20 +4,19 @@
 #include <new>
 
 #include "host/Errors.h"
-#include "plotkit/ColumnChoice.h"
-#include "plotkit/LogColumns.h"
+#include "host/StringList.h"
+#include "plotkit/Document.h"
 #include "plotkit/Options.h"
+#include "plotkit/PictureFile.h"
 #include "plotkit/ProgressLine.h"
-#include "plotkit/RenderCommand.h"
 #include "plotkit/ShowCommand.h"
-#include "plotkit/TableNotes.h"
-#include "plotkit/table/CsvTable.h"
 #include "plotkit/table/DateText.h"
-#include "qt/KxPngExport.h"
 #include "qt/KxQtHost.h"
 #include "qt/KxQtLocale.h"
 
 namespace {
+
+using namespace plotkit;
 
 constexpr int BadInput = 2;
 constexpr int Broken = 1;
@@ -36,55 +35,65 @@ bool HasDisplay()
            qEnvironmentVariableIsSet("WAYLAND_DISPLAY") || qEnvironmentVariableIsSet("QT_QPA_PLATFORM");
 }
 
-plotkit::TCsvTable ReadTable(const plotkit::TOptions& options)
+std::unique_ptr<TDocument> ReadDocument(const TOptions& options)
 {
-    plotkit::TProgressLine line(std::cerr, plotkit::IsErrorTerminal(), "plotkit: reading " + options.File);
-    plotkit::TReadOptions reading;
-    reading.Wish = options.Reading;
-    reading.IsGrowing = options.Follow.has_value();
-    reading.Progress = [&](std::uint64_t read, std::uint64_t total) {
+    TProgressLine line(std::cerr, IsErrorTerminal(), "plotkit: reading " + options.File);
+    auto document = std::make_unique<TDocument>(options, [&](std::uint64_t read, std::uint64_t total) {
         line.Show(read, total);
         return true;
-    };
-    return plotkit::ReadCsvFile(options.File, reading);
+    });
+    return document;
+}
+
+int Render(TQtHost& host, TDocument& document)
+{
+    const TOptions& options = document.Options();
+    bool failed = false;
+    host.OnError = [&](const std::exception&) { failed = true; };
+    const TPictureWish wish{options.Format,
+                            static_cast<double>(options.Width),
+                            static_cast<double>(options.Height),
+                            luInch96,
+                            options.Dpi,
+                            options.Antialias,
+                            options.Light,
+                            options.Title.value_or("")};
+    const std::string picture = DrawPicture(*document.Plot().Form, wish);
+    if (failed)
+        return Broken;
+    WriteWholeFile(options.Output, picture);
+    return 0;
 }
 
 int Run(int count, char** arguments)
 {
-    using namespace plotkit;
     TOptions options = ParseOptions(count, arguments);
     if (!options.Answer.empty()) {
         std::cout << options.Answer;
         return 0;
     }
-    options.Reading.LocaleDayFirst = WritesDayFirst(LocaleFormatsOf(QLocale::system()).ShortDateFormat);
-    const TCsvTable table = ReadTable(options);
-    TColumnChoice choice = ChooseColumns(table, options.X, options.Ys);
-    const std::string described = DescribeReading(table) + "\n" + DescribeChoice(choice);
-    std::vector<std::string> notes = DescribeDoubts(table, choice);
-    for (const std::string& note : FitToLogScales(choice, options))
-        notes.push_back(note);
     if (options.Command == pcShow && !HasDisplay())
         throw EFileError("show: there is no display; render writes the graph as a picture");
     // A picture needs no display, and is the same with and without one.
     if (options.Command == pcRender)
         qputenv("QT_QPA_PLATFORM", "offscreen");
+    options.Reading.LocaleDayFirst = WritesDayFirst(LocaleFormatsOf(QLocale::system()).ShortDateFormat);
     qInstallMessageHandler(KeepErrors);
     QApplication application(count, arguments);
+    QApplication::setApplicationName("plotkit");
+    QApplication::setApplicationVersion(QString::fromStdString(ProgramVersion()));
     TQtHost host;
     const THostGuard guard(host);
-    std::cout << described << std::endl;
-    for (const std::string& note : notes)
-        std::cerr << "plotkit: " << note << std::endl;
     if (options.Command == pcShow)
-        return ShowPlot(table, choice, options);
-    bool failed = false;
-    host.OnError = [&](const std::exception&) { failed = true; };
-    const QImage picture = DrawPlot(choice, options);
-    if (failed)
-        return Broken;
-    SavePng(picture, options.Output);
-    return 0;
+        PrepareShow(options);
+    std::unique_ptr<TDocument> document;
+    if (!options.File.empty()) {
+        document = ReadDocument(options);
+        std::cout << document->Description() << std::endl;
+        for (const std::string& note : document->Notes())
+            std::cerr << "plotkit: " << note << std::endl;
+    }
+    return options.Command == pcShow ? Show(host, options, std::move(document)) : Render(host, *document);
 }
 
 }  // namespace
@@ -93,7 +102,7 @@ int main(int count, char** arguments)
 {
     try {
         return Run(count, arguments);
-    } catch (const plotkit::EError& error) {
+    } catch (const EError& error) {
         std::cerr << "plotkit: " << error.what() << std::endl;
         return BadInput;
     } catch (const std::bad_alloc&) {

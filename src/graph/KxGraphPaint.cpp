@@ -99,6 +99,7 @@ void TKx2DGraph::PaintToMetafile()
     FMetafile.Clear();
     FMetafile.Width = GetWidth();
     FMetafile.Height = GetHeight();
+    FMetafile.PixelScale = PixelScale();
     FMetafile.Transparent = true;
     FMetafile.Recording = Picture();
 }

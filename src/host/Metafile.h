@@ -8,8 +8,9 @@ namespace plotkit {
 class TMetafile
 {
 public:
-    int Width = 0;   ///< device pixels of the recording
+    int Width = 0;  ///< device pixels of the recording
     int Height = 0;
+    double PixelScale = 1;  ///< device pixels per 1/96 inch
     /// Nothing lies behind the drawing; otherwise it stands on white.
     bool Transparent = false;
     TRecording Recording;

@@ -54,6 +54,12 @@ int CodePointCount(std::string_view text)
     return count;
 }
 
+int TTextMeasurer::Ascent(const TFontState& font) const
+{
+    constexpr double usual = 0.81;
+    return RoundToInt(usual * Height(font));
+}
+
 int TFixedTextMeasurer::Width(std::string_view text, const TFontState& font) const
 {
     // Whole pixels per character, so that a text is as wide as its parts together.

@@ -19,6 +19,8 @@ public:
     virtual int Width(std::string_view text, const TFontState& font) const = 0;
     /// Height of a line in whole device pixels.
     virtual int Height(const TFontState& font) const = 0;
+    /// Whole device pixels from the top of a line to the baseline.
+    virtual int Ascent(const TFontState& font) const;
 };
 
 /// Every code point is half as wide as the font's size in pixels and a line is as high as that size, both rounded to

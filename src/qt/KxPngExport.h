@@ -1,27 +1,12 @@
-// The job of KxPngExport is to turn a control tree into a picture of any size and resolution.
+// The job of KxPngExport is to turn a control tree into a raster picture of any size and resolution.
 #pragma once
 
 #include <QImage>
-#include <array>
-#include <span>
 #include <string>
-#include <string_view>
 
-#include "host/WindowControl.h"
+#include "qt/KxPicture.h"
 
 namespace plotkit {
-
-enum TLengthUnit : std::uint8_t
-{
-    luInch96,
-    luPixels,
-    luMillimetres
-};
-inline constexpr std::array<std::string_view, 3> LengthUnitNames{"luInch96", "luPixels", "luMillimetres"};
-constexpr std::span<const std::string_view> ValueNames(TLengthUnit)
-{
-    return LengthUnitNames;
-}
 
 struct TPngOptions
 {
@@ -30,6 +15,7 @@ struct TPngOptions
     TLengthUnit Unit = luInch96;
     double Dpi = 96;  ///< pixels per inch; Dpi / 96 is the scale of the tree
     bool Antialias = false;
+    bool LightBackground = false;  ///< a picture on dark ground in colours for white paper
 };
 
 /// The tree of `root` as an opaque picture, without the overlay; the root's scale and bounds are afterwards as before.
@@ -39,5 +25,7 @@ QImage RenderImage(TWindowControl& root, const TPngOptions& options);
 void ExportPng(TWindowControl& root, const std::string& fileName, const TPngOptions& options);
 /// A picture that is there already, with its resolution.
 void SavePng(const QImage& image, const std::string& fileName);
+/// The content of such a file. EFileError when there is no memory for it.
+std::string PngFile(const QImage& image);
 
 }  // namespace plotkit

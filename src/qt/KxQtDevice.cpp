@@ -125,7 +125,7 @@ void TQtDevice::SetStroke(const TPenState& pen, Qt::PenCapStyle cap)
         return;
     QPen stroke(QtColor(pen.Color), IsThin(pen) ? 0 : StrokeWidth(pen), Qt::SolidLine, cap, Qt::MiterJoin);
     if (IsDashed(pen.Style))
-        stroke.setDashPattern(DashPattern(pen.Style));
+        stroke.setDashPattern(QtDashPattern(pen.Style));
     FPainter.setPen(stroke);
     FStroke = pen;
     FCap = cap;

@@ -8,8 +8,7 @@
 #include <vector>
 
 #include "host/CheckedMath.h"
-#include "host/TextMeasurer.h"
-#include "qt/KxSymbolEncoding.h"
+#include "host/SymbolEncoding.h"
 
 namespace plotkit {
 
@@ -78,17 +77,6 @@ std::vector<TCacheEntry>& Cache()
     return entries;
 }
 
-char32_t Decoded(std::string_view text, std::size_t at, int length)
-{
-    const auto byte = [&](int i) { return static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]); };
-    if (length == 1)
-        return byte(0) < 0x80 ? byte(0) : 0xFFFD;
-    char32_t code = byte(0) & (0x7FU >> length);
-    for (int i = 1; i < length; ++i)
-        code = code << 6 | (byte(i) & 0x3FU);
-    return code;
-}
-
 }  // namespace
 
 TQtFontFace::TQtFontFace(const TFontState& state) : FFont(FontOf(state)), FSymbol(IsSymbolFont(state.Name))
@@ -101,15 +89,7 @@ TQtFontFace::TQtFontFace(const TFontState& state) : FFont(FontOf(state)), FSymbo
 
 std::u32string TQtFontFace::Characters(std::string_view text) const
 {
-    std::u32string characters;
-    characters.reserve(text.size());
-    for (std::size_t at = 0; at < text.size();) {
-        const int length = CodePointLength(text, at);
-        const char32_t code = Decoded(text, at, length);
-        characters.push_back(FSymbol ? SymbolToUnicode(code) : code);
-        at += static_cast<std::size_t>(length);
-    }
-    return characters;
+    return ShownCharacters(text, FSymbol);
 }
 
 double TQtFontFace::Advance(char32_t character) const

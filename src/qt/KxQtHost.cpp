@@ -13,6 +13,7 @@
 #include <iostream>
 
 #include "host/Metafile.h"
+#include "qt/KxPictureCopy.h"
 #include "qt/KxQtDevice.h"
 #include "qt/KxQtLocale.h"
 
@@ -41,7 +42,7 @@ QImage ImageOf(const TMetafile& metafile)
     QImage image(side(metafile.Width), side(metafile.Height), QImage::Format_ARGB32_Premultiplied);
     image.fill(metafile.Transparent ? Qt::transparent : Qt::white);
     QPainter painter(&image);
-    TQtDevice device(painter);
+    TQtDevice device(painter, metafile.PixelScale);
     metafile.Recording.Replay(device);
     return image;
 }
@@ -170,10 +171,10 @@ void TQtHost::SetClipboardText(const std::string& text)
 
 void TQtHost::SetClipboardMetafile(const TMetafile& metafile)
 {
-    auto* data = new QMimeData;  // the clipboard takes it
-    data->setImageData(ImageOf(metafile));
+    std::unique_ptr<QMimeData> data = MimeDataOf(metafile, ImageOf(metafile));
     data->setData(OwnFormat, OwnMark());
-    QGuiApplication::clipboard()->setMimeData(data);
+    // The clipboard takes it.
+    QGuiApplication::clipboard()->setMimeData(data.release());
     THost::SetClipboardMetafile(metafile);
 }
 

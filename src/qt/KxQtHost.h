@@ -32,7 +32,7 @@ public:
 
     std::string ClipboardText() const override;
     void SetClipboardText(const std::string& text) override;
-    /// Other programs get the metafile as a picture of its own size.
+    /// Other programs get the metafile as a picture of its own size, in vector forms and as pixels.
     void SetClipboardMetafile(const TMetafile& metafile) override;
 
     void SetScreenCursor(TCursor cursor) override;

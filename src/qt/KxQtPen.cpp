@@ -1,16 +1,12 @@
 #include "qt/KxQtPen.h"
 
 #include <QImage>
-#include <algorithm>
-#include <cmath>
 
 #include "host/Host.h"
 
 namespace plotkit {
 
 namespace {
-
-constexpr int HatchPeriod = 8;
 
 bool IsOnHatch(TBrushStyle style, int x, int y, int period, int line)
 {
@@ -36,8 +32,7 @@ bool IsOnHatch(TBrushStyle style, int x, int y, int period, int line)
 
 QImage HatchTile(TBrushStyle style, QRgb color, double scale)
 {
-    const int line = std::max(1, static_cast<int>(std::lround(scale)));
-    const int period = std::max(2 * line, static_cast<int>(std::lround(HatchPeriod * scale)));
+    const auto [line, period] = THatch::At(scale);
     QImage tile(period, period, QImage::Format_ARGB32_Premultiplied);
     for (int y = 0; y < period; ++y)
         for (int x = 0; x < period; ++x)
@@ -53,25 +48,10 @@ QColor QtColor(TColor color)
     return {RedOf(resolved), GreenOf(resolved), BlueOf(resolved)};
 }
 
-QList<qreal> DashPattern(TPenStyle style)
+QList<qreal> QtDashPattern(TPenStyle style)
 {
-    switch (style) {
-        case psDash:
-            return {4, 2};
-        case psDot:
-            return {1, 2};
-        case psDashDot:
-            return {4, 2, 1, 2};
-        case psDashDotDot:
-            return {4, 2, 1, 2, 1, 2};
-        default:
-            return {};
-    }
-}
-
-bool IsDashed(TPenStyle style)
-{
-    return style >= psDash && style <= psDashDotDot;
+    const auto lengths = DashPattern(style);
+    return {lengths.begin(), lengths.end()};
 }
 
 const QBrush& TQtBrushes::Brush(const TBrushState& state)

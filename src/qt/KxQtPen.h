@@ -6,15 +6,13 @@
 #include <map>
 #include <utility>
 
-#include "host/DrawDevice.h"
+#include "host/PenPattern.h"
 
 namespace plotkit {
 
 /// With system colours resolved by the host in force.
 QColor QtColor(TColor color);
-/// Dashes and gaps in pen widths; empty for solid styles.
-QList<qreal> DashPattern(TPenStyle style);
-bool IsDashed(TPenStyle style);
+QList<qreal> QtDashPattern(TPenStyle style);
 
 /// Brushes, with hatches as textures of eight pixels at scale 1 that grow with the scale and are clear between the
 /// lines.

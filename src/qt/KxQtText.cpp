@@ -19,4 +19,9 @@ int TQtTextMeasurer::Height(const TFontState& font) const
     return QtFontFace(font)->Height();
 }
 
+int TQtTextMeasurer::Ascent(const TFontState& font) const
+{
+    return QtFontFace(font)->Ascent();
+}
+
 }  // namespace plotkit

@@ -12,6 +12,7 @@ class TQtTextMeasurer : public TTextMeasurer
 public:
     int Width(std::string_view text, const TFontState& font) const override;
     int Height(const TFontState& font) const override;
+    int Ascent(const TFontState& font) const override;
 };
 
 }  // namespace plotkit

@@ -52,7 +52,7 @@ TEST(Options, ErrorsNameTheOption)
         {{"draw", "in.csv"}, "draw"},
         {{"render", "-o", "a.png"}, "FILE"},
         {{"render", "in.csv"}, "--output: name the picture"},
-        {{"render", "in.csv", "-o", "a.jpg"}, "--output: \"a.jpg\" does not end in .png"},
+        {{"render", "in.csv", "-o", "a.jpg"}, "--output: \"a.jpg\" does not end in .png, .svg or .pdf"},
         {{"render", "in.csv", "-o", "a.png", "--size", "0x100"}, "--size: \"0x100\" is no size"},
         {{"render", "in.csv", "-o", "a.png", "--size", "99999999999999999999x10"}, "--size"},
         {{"render", "in.csv", "-o", "a.png", "--dpi", "x"}, "--dpi: \"x\" is no resolution"},

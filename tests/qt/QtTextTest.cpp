@@ -1,9 +1,9 @@
 #include <gtest/gtest.h>
 
 #include "PixelSheet.h"
+#include "host/SymbolEncoding.h"
 #include "qt/KxQtFont.h"
 #include "qt/KxQtText.h"
-#include "qt/KxSymbolEncoding.h"
 
 namespace plotkit {
 

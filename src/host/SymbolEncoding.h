@@ -1,6 +1,8 @@
-// The job of KxSymbolEncoding is to turn codes of the Adobe Symbol encoding into Unicode.
+// The job of SymbolEncoding is to say which Unicode characters a text in a font shows, codes of the Adobe Symbol
+// encoding among them.
 #pragma once
 
+#include <string>
 #include <string_view>
 
 namespace plotkit {
@@ -10,5 +12,8 @@ namespace plotkit {
 char32_t SymbolToUnicode(char32_t code);
 /// Whether a font of this name (letter case ignored) is the one whose codes are meant in the Symbol encoding.
 bool IsSymbolFont(std::string_view fontName);
+/// The characters that stand for a UTF-8 text: one per code point, U+FFFD for invalid bytes, with `symbol` the codes
+/// turned into Unicode.
+std::u32string ShownCharacters(std::string_view text, bool symbol);
 
 }  // namespace plotkit

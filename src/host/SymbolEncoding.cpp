@@ -1,8 +1,10 @@
-#include "qt/KxSymbolEncoding.h"
+#include "host/SymbolEncoding.h"
 
 #include <algorithm>
 #include <array>
 #include <cctype>
+
+#include "host/TextMeasurer.h"
 
 namespace plotkit {
 
@@ -33,6 +35,17 @@ constexpr std::array<char16_t, 94> HighCodes{
     0x23AE, 0x2321, 0x239E, 0x239F, 0x23A0, 0x23A4, 0x23A5, 0x23A6, 0x23AB, 0x23AC, 0x23AD,          // F4
 };
 
+char32_t Decoded(std::string_view text, std::size_t at, int length)
+{
+    const auto byte = [&](int i) { return static_cast<unsigned char>(text[at + static_cast<std::size_t>(i)]); };
+    if (length == 1)
+        return byte(0) < 0x80 ? byte(0) : 0xFFFD;
+    char32_t code = byte(0) & (0x7FU >> length);
+    for (int i = 1; i < length; ++i)
+        code = code << 6 | (byte(i) & 0x3FU);
+    return code;
+}
+
 }  // namespace
 
 char32_t SymbolToUnicode(char32_t code)
@@ -49,6 +62,19 @@ bool IsSymbolFont(std::string_view fontName)
     constexpr std::string_view symbol = "symbol";
     return std::equal(fontName.begin(), fontName.end(), symbol.begin(), symbol.end(),
                       [](unsigned char a, char b) { return std::tolower(a) == b; });
+}
+
+std::u32string ShownCharacters(std::string_view text, bool symbol)
+{
+    std::u32string characters;
+    characters.reserve(text.size());
+    for (std::size_t at = 0; at < text.size();) {
+        const int length = CodePointLength(text, at);
+        const char32_t code = Decoded(text, at, length);
+        characters.push_back(symbol ? SymbolToUnicode(code) : code);
+        at += static_cast<std::size_t>(length);
+    }
+    return characters;
 }
 
 }  // namespace plotkit

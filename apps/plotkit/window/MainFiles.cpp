@@ -1,0 +1,101 @@
+#include <QFileDialog>
+#include <QFileInfo>
+#include <QMessageBox>
+#include <QPrintDialog>
+#include <QPrinter>
+#include <QStatusBar>
+
+#include "host/StringList.h"
+#include "plotkit/window/MainWindow.h"
+#include "qt/KxPictureCopy.h"
+#include "qt/KxVectorExport.h"
+
+namespace plotkit {
+
+namespace {
+
+const char* const DataFiles = "Data (*.csv *.tsv *.txt *.dat *.asc);;All files (*)";
+const char* const LookFiles = "Looks (*.ini)";
+
+}  // namespace
+
+QString TMainWindow::PictureName() const
+{
+    return QFileInfo(QString::fromStdString(FDocument->Options().File)).completeBaseName();
+}
+
+void TMainWindow::AskForFile()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), {}, tr(DataFiles));
+    if (!file.isEmpty())
+        Open(file.toStdString());
+}
+
+void TMainWindow::AskForLook()
+{
+    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), {}, tr(LookFiles));
+    if (!file.isEmpty())
+        UseLook(file.toStdString());
+}
+
+void TMainWindow::AskWhereToSaveLook()
+{
+    QFileDialog dialog(this, tr("Save look"), {}, tr(LookFiles));
+    dialog.setAcceptMode(QFileDialog::AcceptSave);
+    dialog.setDefaultSuffix("ini");
+    // Saving changes only the look in a file that is there.
+    dialog.setOption(QFileDialog::DontConfirmOverwrite);
+    if (dialog.exec() == QDialog::Accepted)
+        FDocument->SaveLookAs(dialog.selectedFiles().front().toStdString());
+}
+
+void TMainWindow::ExportPicture()
+{
+    TExportWish wish = FExportWish;
+    if (wish.File.isEmpty())
+        wish.File = PictureName() + ".svg";
+    auto wanted = AskForPicture(this, wish);
+    if (!wanted)
+        return;
+    FExportWish = *wanted;
+    if (QFileInfo::exists(wanted->File) &&
+        QMessageBox::question(this, tr("Export picture"), tr("Replace %1?").arg(wanted->File)) != QMessageBox::Yes)
+        return;
+    wanted->Picture.Title = PictureName().toStdString();
+    WriteWholeFile(wanted->File.toStdString(), DrawPicture(*FDocument->Plot().Form, wanted->Picture));
+    statusBar()->showMessage(tr("Wrote %1").arg(wanted->File));
+}
+
+void TMainWindow::Print()
+{
+    QPrinter printer(QPrinter::HighResolution);
+    printer.setPageOrientation(QPageLayout::Landscape);
+    printer.setDocName(PictureName());
+    QPrintDialog dialog(&printer, this);
+    if (dialog.exec() == QDialog::Accepted)
+        PrintGraph(*FDocument->Plot().Form, printer, {false, true, PictureName().toStdString()});
+}
+
+void TMainWindow::CopyPictureNow()
+{
+    Try([this] { CopyPicture(*FDocument->Plot().Form); });
+}
+
+void TMainWindow::ShowKeys()
+{
+    QMessageBox::information(this, tr("Mouse and keys"), tr(R"(<table cellspacing=4>
+<tr><td><b>Left drag</b></td><td>zoom rectangle</td></tr>
+<tr><td><b>Middle drag</b>, Space + drag</td><td>pan</td></tr>
+<tr><td><b>Wheel</b></td><td>zoom about the pointer; Shift: X only, Ctrl: Y only</td></tr>
+<tr><td><b>+ -</b>, x X, y Y</td><td>zoom in and out, one direction</td></tr>
+<tr><td><b>Arrows</b></td><td>pan by a tenth; Shift or Page keys: by a view</td></tr>
+<tr><td><b>Home</b></td><td>the whole view</td></tr>
+<tr><td><b>Backspace</b>, Alt+Left</td><td>one view back; Shift+Backspace, Alt+Right: forward</td></tr>
+<tr><td><b>z</b></td><td>zoom rectangle for the arrows (Shift sizes it), Enter zooms</td></tr>
+<tr><td><b>p</b></td><td>pan mode for the left button</td></tr>
+<tr><td><b>c</b></td><td>cursor; arrows step through points and series</td></tr>
+<tr><td><b>m</b>, 1, 2</td><td>markers; pick one up for the arrows</td></tr>
+<tr><td><b>Escape</b></td><td>ends what is going on</td></tr></table>)"));
+}
+
+}  // namespace plotkit

@@ -1,0 +1,285 @@
+#include "plotkit/window/MainWindow.h"
+
+#include <QCloseEvent>
+#include <QDragEnterEvent>
+#include <QFileInfo>
+#include <QLabel>
+#include <QMimeData>
+#include <QStackedWidget>
+#include <QStatusBar>
+#include <QTimer>
+#include <QVBoxLayout>
+
+#include "graph/KxAxis.h"
+#include "host/Errors.h"
+#include "host/Host.h"
+#include "plotkit/DateCaption.h"
+#include "plotkit/window/ColumnsDock.h"
+#include "plotkit/window/DesktopColours.h"
+#include "plotkit/window/MessageBar.h"
+#include "plotkit/window/ReadingBox.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr int GraphPage = 1;
+
+QLabel* NewWelcome()
+{
+    auto* welcome = new QLabel(QObject::tr("Drop a data file here, or open one with Ctrl+O."));
+    welcome->setAlignment(Qt::AlignCenter);
+    return welcome;
+}
+
+bool IsLookFile(const QString& fileName)
+{
+    return fileName.endsWith(".ini", Qt::CaseInsensitive);
+}
+
+}  // namespace
+
+TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
+{
+    setObjectName("plotkit");
+    setAcceptDrops(true);
+    if (FOptions.Scheme == ccAuto)
+        FOptions.Scheme = FSettings.Colours();
+    SetWindowColours(FOptions.Scheme);
+    auto* centre = new QWidget(this);
+    auto* rows = new QVBoxLayout(centre);
+    rows->setContentsMargins(0, 0, 0, 0);
+    rows->setSpacing(0);
+    FMessages = new TMessageBar(centre);
+    FPages = new QStackedWidget(centre);
+    FPages->addWidget(NewWelcome());
+    rows->addWidget(FMessages);
+    rows->addWidget(FPages, 1);
+    setCentralWidget(centre);
+    FColumns = new TColumnsDock(this);
+    FColumns->OnChosen = [this](int x, const std::vector<int>& ys) {
+        // The list that is being clicked is filled anew.
+        QTimer::singleShot(0, this, [this, x, ys] { Rebuild([&] { FDocument->Choose(x, ys); }); });
+    };
+    addDockWidget(Qt::RightDockWidgetArea, FColumns);
+    FDescription = new QLabel(this);
+    statusBar()->addPermanentWidget(FDescription);
+    AddMenus();
+    FColumns->hide();
+    EnableForGraph();
+    setWindowTitle(tr("Plotkit"));
+}
+
+TMainWindow::~TMainWindow()
+{
+    LeaveView();
+}
+
+void TMainWindow::Report(const std::string& message)
+{
+    FMessages->Add(message);
+}
+
+void TMainWindow::Try(const std::function<void()>& action)
+{
+    try {
+        action();
+    } catch (const ECancelled&) {
+        return;
+    } catch (const std::bad_alloc&) {
+        Report("Not enough memory");
+    } catch (const std::exception& error) {
+        Report(error.what());
+    }
+}
+
+void TMainWindow::Open(const std::string& fileName)
+{
+    TOptions options = FOptions;
+    // What the command line says of columns and captions is meant for its own file.
+    if (fileName != FOptions.File) {
+        options.X.reset();
+        options.Ys.clear();
+        options.Title.reset();
+        options.XCaption.reset();
+        options.YCaption.reset();
+        options.XScale = options.YScale = scAuto;
+    }
+    options.File = fileName;
+    Load(options);
+}
+
+void TMainWindow::Load(const TOptions& options)
+{
+    Try([&] {
+        TOptions own = options;
+        own.Scheme = WindowsAreDark() ? ccDark : ccLight;
+        Show(std::make_unique<TDocument>(own, NewReadingBox(*this, options.File)));
+    });
+}
+
+void TMainWindow::Show(std::unique_ptr<TDocument> document)
+{
+    LeaveView();
+    FDocument = std::move(document);
+    FMessages->Clear();
+    ShowGraph();
+    const QFileInfo file(QString::fromStdString(FDocument->Options().File));
+    setWindowTitle(tr("%1 - Plotkit").arg(file.fileName()));
+    if (!file.isFile())
+        return;
+    Try([&] {
+        FSettings.AddRecentFile(file.absoluteFilePath().toStdString());
+        FillRecentMenu();
+    });
+}
+
+void TMainWindow::Reload()
+{
+    Load(FDocument->Options());
+}
+
+void TMainWindow::Follow(bool follow)
+{
+    TOptions options = FDocument->Options();
+    options.Follow = follow ? std::optional(1.0) : std::nullopt;
+    Load(options);
+    FFollow->setChecked(FDocument->Options().Follow.has_value());
+}
+
+void TMainWindow::Rebuild(const std::function<void()>& change)
+{
+    if (!HasGraph())
+        return;
+    LeaveView();
+    Try(change);
+    ShowGraph();
+}
+
+void TMainWindow::LeaveView()
+{
+    FDatesFollow.reset();
+    FInteraction.reset();
+    FView.reset();
+}
+
+void TMainWindow::ShowGraph()
+{
+    const TPlot& plot = FDocument->Plot();
+    FView = std::make_unique<KxGraphWidget>(plot.Form.get());
+    FInteraction = std::make_unique<KxGraphInteraction>(*FView, plot.Graph);
+    FInteraction->OnStatus = [this](const QString& text) { statusBar()->showMessage(text); };
+    FInteraction->OnCopyPicture = [this] { CopyPictureNow(); };
+    FDatesFollow =
+        std::make_unique<TEventChain<>>(FInteraction->Input().Navigator(), FInteraction->Input().Navigator().OnChanged,
+                                        [this] { QTimer::singleShot(0, this, [this] { RefreshDates(); }); });
+    FDocument->OnNote = [this](const std::string& note) { Report(note); };
+    FDocument->OnGrown = [this] {
+        RefreshDates();
+        FDescription->setText(QString::fromStdString(FDocument->ChoiceDescription()));
+    };
+    FPages->insertWidget(GraphPage, FView.get());
+    FPages->setCurrentIndex(GraphPage);
+    FView->setFocus();
+    FFollow->setChecked(FDocument->Options().Follow.has_value());
+    FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
+    FDescription->setText(QString::fromStdString(FDocument->ChoiceDescription()));
+    for (const std::string& note : FDocument->Notes())
+        Report(note);
+    FillGraphMenu();
+    EnableForGraph();
+}
+
+void TMainWindow::RefreshDates()
+{
+    if (HasGraph() && FDocument->Plot().DateName)
+        Try([this] { RefreshDateCaption(*FDocument->Plot().Graph, *FDocument->Plot().DateName); });
+}
+
+void TMainWindow::UseLook(const std::string& fileName)
+{
+    Try([&] {
+        FDocument->UseLook(fileName);
+        FMessages->Clear();
+        for (const std::string& note : FDocument->Notes())
+            Report(note);
+    });
+}
+
+void TMainWindow::SetScale(bool isX, TScaleChoice scale)
+{
+    const TOptions& options = FDocument->Options();
+    const TScaleChoice x = isX ? scale : options.XScale, y = isX ? options.YScale : scale;
+    Rebuild([&] { FDocument->SetScales(x, y); });
+}
+
+void TMainWindow::SetColours(TSchemeChoice colours)
+{
+    SetWindowColours(colours);
+    MatchScheme();
+    Try([&] { FSettings.SetColours(colours); });
+}
+
+void TMainWindow::MatchScheme()
+{
+    const TSchemeChoice wanted = WindowsAreDark() ? ccDark : ccLight;
+    if (!HasGraph() || FDocument->Options().Scheme == wanted)
+        return;
+    Rebuild([&] { FDocument->SetScheme(wanted); });
+}
+
+void TMainWindow::changeEvent(QEvent* event)
+{
+    QMainWindow::changeEvent(event);
+    if (event->type() == QEvent::PaletteChange)
+        QTimer::singleShot(0, this, [this] { MatchScheme(); });
+}
+
+void TMainWindow::RestorePlace()
+{
+    TForm form(nullptr);
+    const TRect screen = Host().ScreenRect();
+    form.SetBounds(screen.Left + (screen.Width() - FOptions.Width) / 2,
+                   screen.Top + (screen.Height() - FOptions.Height) / 2, FOptions.Width, FOptions.Height);
+    FSettings.ReadPlace(form);
+    const TRect place = form.NormalBounds();
+    setGeometry(place.Left, place.Top, place.Width(), place.Height());
+    if (form.GetWindowState() == wsMaximized)
+        setWindowState(Qt::WindowMaximized);
+}
+
+void TMainWindow::closeEvent(QCloseEvent* event)
+{
+    const QRect place = normalGeometry().isValid() ? normalGeometry() : geometry();
+    TForm form(nullptr);
+    form.SetBounds(place.x(), place.y(), place.width(), place.height());
+    form.SetWindowState(isMaximized() ? wsMaximized : wsNormal);
+    // The window closes even where nothing can be remembered.
+    try {
+        FSettings.WritePlace(form);
+    } catch (const EError&) {
+    }
+    event->accept();
+}
+
+void TMainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty() && urls.front().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void TMainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    const QList<QUrl> urls = event->mimeData()->urls();
+    const QString file = urls.front().toLocalFile();
+    if (IsLookFile(file) && HasGraph())
+        UseLook(file.toStdString());
+    else
+        Open(file.toStdString());
+    if (urls.size() > 1)
+        Report("One window shows one file: only " + file.toStdString() + " was opened");
+}
+
+}  // namespace plotkit

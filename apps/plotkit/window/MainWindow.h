@@ -1,0 +1,107 @@
+// The job of MainWindow is the window in which a scientist works with the graph of a data file.
+#pragma once
+
+#include <QMainWindow>
+#include <functional>
+#include <memory>
+
+#include "plotkit/Document.h"
+#include "plotkit/UserSettings.h"
+#include "plotkit/window/ExportDialog.h"
+#include "qt/KxGraphInteraction.h"
+#include "qt/KxGraphWidget.h"
+
+class QActionGroup;
+class QLabel;
+class QMenu;
+class QStackedWidget;
+class QToolBar;
+
+namespace plotkit {
+
+class TColumnsDock;
+class TMessageBar;
+
+/// Whatever goes wrong is said in the window and leaves what it shows as it was.
+class TMainWindow : public QMainWindow
+{
+public:
+    explicit TMainWindow(const TOptions& options);
+    ~TMainWindow() override;
+
+    /// The file that the options name, read already.
+    void Show(std::unique_ptr<TDocument> document);
+    /// Shows the graph of another file, chosen and drawn as the options of the program say.
+    void Open(const std::string& fileName);
+    void UseLook(const std::string& fileName);
+    void Report(const std::string& message);
+    /// Back to the place of the last time, as far as the options name no size.
+    void RestorePlace();
+
+protected:
+    void closeEvent(QCloseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
+    void changeEvent(QEvent* event) override;
+
+private:
+    void Try(const std::function<void()>& action);
+    bool HasGraph() const { return FDocument != nullptr; }
+
+    // Menus and toolbar.
+    void AddMenus();
+    void AddFileMenu();
+    void AddViewMenu();
+    void AddColoursMenu(QMenu& menu);
+    void AddScaleMenu(QMenu& menu, const QString& title, bool isX);
+    QAction* AddAction(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> action);
+    void FillRecentMenu();
+    void FillGraphMenu();
+    void EnableForGraph();
+    void ShowKeys();
+
+    // What the actions do.
+    void AskForFile();
+    void AskForLook();
+    void AskWhereToSaveLook();
+    void ExportPicture();
+    void Print();
+    void CopyPictureNow();
+    void Reload();
+    void Follow(bool follow);
+    void SetScale(bool isX, TScaleChoice scale);
+    void SetColours(TSchemeChoice colours);
+
+    // The document and its view.
+    void Load(const TOptions& options);
+    /// Runs a change that replaces the document's graph, and shows the new one.
+    void Rebuild(const std::function<void()>& change);
+    void ShowGraph();
+    void LeaveView();
+    /// The text of a title, without its codes, or the name of the file.
+    QString PictureName() const;
+    void MatchScheme();
+    void RefreshDates();
+
+    TOptions FOptions;  ///< of the program
+    TUserSettings FSettings;
+    std::unique_ptr<TDocument> FDocument;
+    std::unique_ptr<KxGraphWidget> FView;
+    std::unique_ptr<KxGraphInteraction> FInteraction;
+    std::unique_ptr<TEventChain<>> FDatesFollow;
+    QStackedWidget* FPages = nullptr;
+    TMessageBar* FMessages = nullptr;
+    TColumnsDock* FColumns = nullptr;
+    QLabel* FDescription = nullptr;
+    QMenu* FRecentMenu = nullptr;
+    QMenu* FGraphMenu = nullptr;
+    QToolBar* FTools = nullptr;
+    QActionGroup* FXScales = nullptr;
+    QActionGroup* FYScales = nullptr;
+    QAction* FFollow = nullptr;
+    QList<QAction*> FGraphActions;  ///< that make sense with a graph only
+    QList<QAction*> FGraphTools;    ///< of the present view
+    TExportWish FExportWish;        ///< of the last export
+};
+
+}  // namespace plotkit
