@@ -35,6 +35,18 @@ TEST(Options, AllOfThem)
     EXPECT_TRUE(options.Antialias && options.Grid && options.MinorGrid && !options.Line);
     EXPECT_EQ(options.Points, ooOn);
     EXPECT_EQ(options.Legend, lcFree);
+    const TOptions reading = Parse({"show", "--follow", "in.csv", "--separator", "\\t", "--decimal", "COMMA",
+                                    "--header", "no", "--comment", "", "--skip", "3", "--dates", "mdy"});
+    EXPECT_EQ(reading.File, "in.csv");
+    EXPECT_EQ(reading.Follow, 1);
+    EXPECT_EQ(reading.Reading.Separator, '\t');
+    EXPECT_EQ(reading.Reading.Decimal, ',');
+    EXPECT_EQ(reading.Reading.Header, false);
+    EXPECT_EQ(reading.Reading.Comments, "");
+    EXPECT_EQ(reading.Reading.Skip, 3U);
+    EXPECT_EQ(reading.Reading.DayFirst, false);
+    EXPECT_EQ(Parse({"show", "in.csv", "--follow", "0.5", "--header", "auto"}).Follow, 0.5);
+    EXPECT_EQ(Parse({"render", "-", "-o", "a.png"}).File, "-");
     EXPECT_NE(Parse({"render", "--help"}).Answer.find("--antialias"), std::string::npos);
     EXPECT_NE(Parse({"--version"}).Answer.find("0."), std::string::npos);
 }
@@ -61,6 +73,12 @@ TEST(Options, ErrorsNameTheOption)
         {{"render", "in.csv", "-o", "a.png", "--no-points", "--no-line"}, "--no-line: with --no-points"},
         {{"render", "in.csv", "-o", "a.png", "--grid", "--no-grid"}, "--no-grid"},
         {{"show", "in.csv", "--legend", "inside"}, "--legend: \"inside\" is no place"},
+        {{"show", "in.csv", "--separator", "x"}, "--separator: \"x\" is no separator"},
+        {{"show", "in.csv", "--decimal", "dot"}, "--decimal: \"dot\" is neither point nor comma"},
+        {{"show", "in.csv", "--skip", "-1"}, "--skip: \"-1\" is no number of lines"},
+        {{"show", "in.csv", "--follow", "0"}, "--follow: \"0\" is no time"},
+        {{"show", "-", "--follow"}, "--follow: standard input"},
+        {{"render", "in.csv", "-o", "a.png", "--follow"}, "--follow"},
         {{"show", "in.csv", "--colour"}, "--colour"},
         {{"show", "in.csv", "--dpi", "96"}, "--dpi"},
     };

@@ -87,7 +87,7 @@ TEST(Plot, MeasuredFilesFillTheirAxes)
         {"mauna-loa-co2-annual.csv", "X: year, Y: co2_ppm (67 values)"},
         {"gistemp-annual.csv", "X: year, Y: anomaly_degC (144 values)"},
         {"sunspots-monthly.csv", "X: decimal_year, Y: sunspot_number (3126 values)"},
-        {"buoy-44005-2012-10-11.csv", "X: year..minute (date), Y: wind_dir_deg (1398 values)"},
+        {"buoy-44005-2012-10-11.csv", "X: year..minute (date), Y: wind_dir_deg (1398 values, 59 missing)"},
         {"cu-foil-xafs.csv", "X: energy_eV, Y: i0 (408 values)"},
         {"ecg-mitdb208-12s.csv", "X: time_s, Y: ecg_mV (4320 values)"},
         {"xrd-rbnb2o5f.csv", "X: two_theta_deg, Y: counts (8758 values)"}};

@@ -51,6 +51,16 @@ printf 'a,b\n1,2\n2,x\n3,y\n4,5\n5,6\n' >bad-cells.csv
 run 0 'X: a, Y: b (3 values)' render bad-cells.csv -o bad-cells.png
 grep -qF 'bad-cells.csv: line 3, column "b": "x" is no number, the first of 2 such cells' err.txt || fail "bad cells are not named"
 
+printf 't;v\n0,5;1\n1,5;2\n' >input.csv
+run 0 'separated by semicolons, decimal commas, names in line 1' render - -o input.png <input.csv
+mkfifo pipe.csv
+printf 'a|b\n1|2\n' >pipe.csv &
+run 0 'X: a, Y: b (1 value)' render pipe.csv -o pipe.png
+printf 'a;b\n1/2/2012;1\n' >dates.csv
+run 0 'X: a (date)' render dates.csv -o dates.png
+grep -qF 'the dates do not tell day from month' err.txt || fail "an open order of day and month is not said"
+run 2 'co2.png: line 3: a byte 0, so this is no text file' render co2.png -o again.png
+
 printf 'a,b\n1,2\n3,"4\n' >quote.csv
 printf 'a,b\n1,-2\n2,0\n' >negative.csv
 printf 'old picture' >kept.png
@@ -68,7 +78,7 @@ mkdir folder.png
 run 2 'nowhere/graph.png' render negative.csv -o nowhere/graph.png
 run 2 'folder.png' render negative.csv -o folder.png
 [ -z "$(ls -A folder.png)" ] || fail "something was written into folder.png"
-others=$(ls -A | grep -vE '^(co2|cu|xrd|bad-cells|kept|before|folder)\.png$|\.(csv|txt)$')
+others=$(ls -A | grep -vE '^(co2|cu|xrd|bad-cells|input|pipe|dates|kept|before|folder)\.png$|\.(csv|txt)$')
 [ -z "$others" ] || fail "left behind: $others"
 
 (failures=0; unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; run 2 'there is no display' show negative.csv; exit $failures)
@@ -82,6 +92,17 @@ sleep 1.5
 kill "$shown" 2>/dev/null || fail "show ended by itself: $(cat err.txt)"
 wait "$shown" 2>/dev/null
 grep -qF 'X: time_s, Y: ecg_mV (4320 values)' out.txt || fail "show says: $(cat out.txt err.txt)"
+
+printf 'a,b\n1,2\n2,3' >log.csv
+"$program" show log.csv --follow 0.05 >out.txt 2>err.txt &
+shown=$!
+sleep 1
+printf '0\n3,oops\n' >>log.csv
+sleep 0.5
+kill "$shown" 2>/dev/null || fail "show --follow ended by itself: $(cat err.txt)"
+wait "$shown" 2>/dev/null
+grep -qF 'Y: b (1 value)' out.txt || fail "the unfinished line was read: $(cat out.txt)"
+grep -qF 'log.csv: line 4, column "b": "oops" is no number' err.txt || fail "the new line was not read: $(cat err.txt)"
 
 [ $failures -eq 0 ] && echo "all commands behave"
 exit $((failures > 0))

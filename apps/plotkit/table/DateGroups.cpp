@@ -11,13 +11,28 @@
 namespace plotkit {
 namespace {
 
-constexpr std::array<std::string_view, 6> PartNames{"year", "month", "day", "hour", "minute", "second"};
+constexpr std::size_t PartCount = 6;
+constexpr std::array<std::array<std::string_view, 4>, PartCount> PartNames{{{"year", "yr", "yyyy", "yy"},
+                                                                            {"month", "mon", "mo", "mm"},
+                                                                            {"day", "dy", "dd", "day"},
+                                                                            {"hour", "hr", "hh", "h"},
+                                                                            {"minute", "min", "mn", "mm"},
+                                                                            {"second", "sec", "ss", "s"}}};
+
+bool IsPartName(std::string_view name, std::size_t part)
+{
+    const auto& names = PartNames[part];
+    return std::any_of(names.begin(), names.end(), [&](std::string_view known) { return SameText(known, name); });
+}
 
 std::optional<TDateTime> JoinParts(std::span<const double> given)
 {
-    std::array<double, PartNames.size()> parts{0, 1, 1, 0, 0, 0};
+    std::array<double, PartCount> parts{0, 1, 1, 0, 0, 0};
     std::copy(given.begin(), given.end(), parts.begin());
-    std::array<int, PartNames.size()> whole{};
+    // Years of two digits leave the century to be guessed.
+    if (parts[0] < 100)
+        return std::nullopt;
+    std::array<int, PartCount> whole{};
     for (std::size_t i = 0; i < parts.size(); ++i) {
         const bool isSecond = i + 1 == parts.size();
         if (parts[i] < 0 || parts[i] > 9999 || (!isSecond && parts[i] != std::floor(parts[i])))
@@ -48,12 +63,12 @@ std::vector<TDateGroup> FindDateGroups(const TCsvTable& table)
 {
     const auto isPart = [&](std::size_t column, std::size_t part) {
         return column < table.Columns.size() && table.Columns[column].Type == ctNumber &&
-               table.Columns[column].GroupedCount == 0 && SameText(table.Columns[column].Name, PartNames[part]);
+               table.Columns[column].GroupedCount == 0 && IsPartName(table.Columns[column].Name, part);
     };
     std::vector<TDateGroup> groups;
     for (std::size_t first = 0; first < table.Columns.size(); ++first) {
         std::size_t count = 0;
-        while (count < PartNames.size() && isPart(first + count, count))
+        while (count < PartCount && isPart(first + count, count))
             ++count;
         if (count >= 2)
             groups.push_back({first, count, false});
@@ -90,7 +105,7 @@ TCsvColumn JoinDateGroup(const TCsvTable& table, const TDateGroup& group)
     }
     std::vector<double> values(table.RowCount, std::numeric_limits<double>::quiet_NaN());
     for (std::size_t row = 0; row < values.size(); ++row) {
-        std::array<double, PartNames.size()> parts{};
+        std::array<double, PartCount> parts{};
         bool isWhole = true;
         for (std::size_t i = 0; i < group.Count; ++i) {
             parts[i] = table.Columns[group.First + i].Values[row];

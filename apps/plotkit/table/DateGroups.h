@@ -19,7 +19,8 @@ struct TDateGroup
     bool IsDayAndTime = false;
 };
 
-/// The groups from left to right: number columns with these names (letter case ignored), and a column of dates without
+/// The groups from left to right: number columns with these names or short ones such as "YY MM DD hh mm"
+/// (letter case ignored), and a column of dates without
 /// times before a single column of times.
 std::vector<TDateGroup> FindDateGroups(const TCsvTable& table);
 

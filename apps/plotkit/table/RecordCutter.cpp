@@ -125,12 +125,15 @@ bool TCellCursor::TakeQuoted(std::string_view& cell)
         }
         FUnquoted += FRest[i];
     }
-    ++i;
-    // What stands behind the closing quote belongs to the cell, which is then no number.
-    while (i < FRest.size() && !IsSeparator(FRest[i]))
-        FUnquoted += FRest[i++];
     cell = FUnquoted;
-    Step(std::min(i, FRest.size()));
+    bool isPlain = true;
+    for (++i; i < FRest.size() && !IsSeparator(FRest[i]); ++i)
+        isPlain = isPlain && FRest[i] == ' ';
+    i = std::min(i, FRest.size());
+    // "3"4 is neither 3 nor 34.
+    if (!isPlain)
+        cell = FRest.substr(0, i);
+    Step(i);
     return true;
 }
 

@@ -44,7 +44,7 @@ bool TTableReader::More()
     FAtEnd = FAtEnd || !FSource.ReadMore(FText);
     CheckZeros(before);
     if (FText.size() > LongestLine && FText.find_first_of("\r\n") == std::string::npos)
-        Fail(FLine, "longer than 16 MB, so this is no table");
+        FailLong();
     return !FAtEnd;
 }
 
@@ -57,9 +57,10 @@ void TTableReader::Consume(std::size_t count)
 /// A long preamble of remarks may hide the rows from the first sample.
 void TTableReader::ReadFront()
 {
+    bool hasLine = false;
     for (std::size_t size = SampleSize;; size *= 4) {
-        while (FText.size() <= size && More()) {
-        }
+        for (std::size_t seen = 0; (FText.size() <= size || !hasLine) && More(); seen = FText.size())
+            hasLine = hasLine || FText.find_first_of("\r\n", seen) != std::string::npos;
         std::string_view sample = FrontLines(FText, size);
         if (FOptions.IsGrowing && FAtEnd && sample.size() == FText.size())
             sample = sample.substr(0, sample.find_last_of("\r\n") + 1);
@@ -161,13 +162,18 @@ TCsvTable TTableReader::Read()
         cutter.SetText(FText, false);
         TakeRecords(cutter);
         if (FText.size() > LongestLine)
-            Fail(FLine, "longer than 16 MB, so this is no table, or a quote is not closed");
+            FailLong();
     } while (More());
     if (!FOptions.IsGrowing) {
         cutter.SetText(FText, true);
         TakeRecords(cutter);
     }
     return Finish();
+}
+
+void TTableReader::FailLong() const
+{
+    Fail(FLine, "longer than 16 MB, so this is no table, or a quote is not closed");
 }
 
 void TTableReader::FailSurplus() const

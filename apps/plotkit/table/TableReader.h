@@ -25,6 +25,7 @@ private:
     void CountRagged(std::size_t cells, bool isSurplus);
     void Consume(std::size_t count);
     [[noreturn]] void FailUnclosed(std::string_view record) const;
+    [[noreturn]] void FailLong() const;
     [[noreturn]] void FailSurplus() const;
     [[noreturn]] void Fail(std::size_t line, const std::string& what) const;
     TCsvTable Finish();
