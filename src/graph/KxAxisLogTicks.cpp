@@ -15,6 +15,7 @@ namespace {
 
 /// In decades: what the logarithm of an end misses a grid value by.
 constexpr double LogTolerance = 1e-9;
+constexpr std::size_t FewMultiples = 4;
 constexpr int SignificantDigits = 15;
 constexpr int MostDecimals = 18;
 
@@ -28,8 +29,8 @@ void TKxAxis::LogTicks()
     if (FPixelLength <= 0 || decades + 1 > MostTicks())
         return;
     AddDecades(decades * perDecade + 1 > MostTicks() ? 1 : perDecade);
-    // Between two multiples of a power of ten nothing would tell where one is.
-    if (FTickValues.size() < 2 && GetStop() > GetStart())
+    // Between so few multiples of a power of ten hardly anything would tell where one is.
+    if (FTickValues.size() < FewMultiples && GetStop() > GetStart())
         AddStepsInsideDecade();
 }
 

@@ -243,6 +243,8 @@ void TKx2DGraph::ZoomTo(const TRect& box)
     }
     for (TKxPlottable* series : GetSeriesList())
         series->Modified();
+    for (const TKx2DGraph* graph : graphs)
+        graph->OnZoomed();
 }
 
 void TKx2DGraph::SetBounds(int left, int top, int width, int height)

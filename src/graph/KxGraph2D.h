@@ -81,8 +81,8 @@ public:
     void Calculate();
     /// Zooms every axis of the form to the values of a box, pixels of the plotting area.
     void ZoomTo(const TRect& box);
-    /// `ZoomTo` of this graph, or of another one on the form, is about to zoom axes of this graph.
-    TEvent<> OnZooming;
+    /// `ZoomTo` of this graph, or of another one on the form, is about to zoom axes of this graph, and has done so.
+    TEvent<> OnZooming, OnZoomed;
 
     void PaintToMetafile();
     bool PaintingToMetafile() const { return FPaintingToMetafile; }

@@ -51,8 +51,10 @@ double Narrowest(const TKxAxis& axis, double from, double to)
 TKxGraphNavigator::TKxGraphNavigator(TKx2DGraph& graph)
     : TComponent(nullptr),
       FGraph(&graph),
-      FZooming(
-          std::make_unique<TEventChain<>>(graph, graph.OnZooming, TEvent<>::Bind<&TKxGraphNavigator::GraphZooms>(this)))
+      FZooming(std::make_unique<TEventChain<>>(graph, graph.OnZooming,
+                                               TEvent<>::Bind<&TKxGraphNavigator::GraphZooms>(this))),
+      FZoomed(
+          std::make_unique<TEventChain<>>(graph, graph.OnZoomed, TEvent<>::Bind<&TKxGraphNavigator::GraphZoomed>(this)))
 {
     WatchFor(FGraph);
 }
@@ -164,13 +166,28 @@ void TKxGraphNavigator::Make(TStep step, const std::vector<TMove>& moves)
     if (!changes)
         return;
     BeginStep(step);
-    for (const TMove& move : moves) {
-        const bool isLog = move.Axis->Mapping().IsLog();
-        const auto end = [isLog](double place) { return isLog ? Exp10(place) : place; };
+    for (const TMove& move : moves)
         if (SpanOf(*move.Axis) != move.Span)
-            move.Axis->ShowExactly(end(move.Span.From), end(move.Span.To));
+            ShowSpan(*move.Axis, move.Span);
+    Show();
+}
+
+void TKxGraphNavigator::GraphZoomed()
+{
+    for (TKxAxis* axis : Axes()) {
+        if (!Chosen(*axis, acAll))
+            continue;
+        const TSpan span = SpanOf(*axis);
+        const double missing = std::max(Narrowest(*axis, span.From, span.To) - (span.To - span.From), 0.0) / 2;
+        ShowSpan(*axis, Fitted(*axis, {span.From - missing, span.To + missing}));
     }
     Show();
+}
+
+void TKxGraphNavigator::ShowSpan(TKxAxis& axis, TSpan span)
+{
+    const bool isLog = axis.Mapping().IsLog();
+    axis.ShowExactly(isLog ? Exp10(span.From) : span.From, isLog ? Exp10(span.To) : span.To);
 }
 
 void TKxGraphNavigator::Show()

@@ -22,8 +22,8 @@ enum TKxAxesChoice : std::uint8_t
 
 /// Works on all axes that stand in one graph; slaves follow their masters. Ends that it sets are not rounded; those on
 /// logarithmic axes move in decades, those on date-time axes stay within the years 1 to 9999. It makes a view for each
-/// of its operations and for each `ZoomTo` of the graph; operations of one kind that follow each other quickly make
-/// one. Without its graph, once that is gone, it does nothing.
+/// of its operations and for each `ZoomTo` of the graph, whose ends stay as given; operations of one kind that follow
+/// each other quickly make one. Without its graph, once that is gone, it does nothing.
 class TKxGraphNavigator : public TComponent
 {
 public:
@@ -60,7 +60,7 @@ public:
     /// Forgets all views but the present one.
     void ForgetViews();
 
-    /// The shown ranges or the views changed; before a `ZoomTo` of the graph, the views.
+    /// The shown ranges or the views changed.
     TEvent<> OnChanged;
 
 protected:
@@ -105,6 +105,7 @@ private:
     static bool Chosen(const TKxAxis& axis, TKxAxesChoice axes);
     static TSpan Fitted(const TKxAxis& axis, TSpan wanted);
     static TSpan Zoomed(const TKxAxis& axis, double centre, double factor);
+    static void ShowSpan(TKxAxis& axis, TSpan span);
     static TSpan Shifted(const TKxAxis& axis, TSpan span, double by);
 
     TView PresentView() const;
@@ -112,11 +113,12 @@ private:
     void BeginStep(TStep step);
     void Make(TStep step, const std::vector<TMove>& moves);
     void ShiftAxes(double right, double up);
-    void GraphZooms() { BeginStep(stOther), OnChanged(); }
+    void GraphZooms() { BeginStep(stOther); }
+    void GraphZoomed();
     void Show();
 
     TKx2DGraph* FGraph;
-    std::unique_ptr<TEventChain<>> FZooming;
+    std::unique_ptr<TEventChain<>> FZooming, FZoomed;
     std::vector<TView> FViews{TView()};  ///< the present one is up to date when it is left
     std::size_t FAt = 0;
     TStep FStep = stNone;
