@@ -22,6 +22,9 @@ std::string RecentKey(int i)
 
 TUserSettings::TUserSettings()
 {
+    // A new user has no folder for settings at all.
+    std::error_code ignored;
+    std::filesystem::create_directories(std::filesystem::path(UserSettings()).parent_path(), ignored);
     KxInitDirs();
 }
 

@@ -48,6 +48,8 @@ std::unique_ptr<TDocument> ReadDocument(const TOptions& options)
 int Render(TQtHost& host, TDocument& document)
 {
     const TOptions& options = document.Options();
+    for (const std::string& note : document.Notes())
+        std::cerr << "plotkit: " << note << std::endl;
     bool failed = false;
     host.OnError = [&](const std::exception&) { failed = true; };
     const TPictureWish wish{options.Format,
@@ -90,8 +92,6 @@ int Run(int count, char** arguments)
     if (!options.File.empty()) {
         document = ReadDocument(options);
         std::cout << document->Description() << std::endl;
-        for (const std::string& note : document->Notes())
-            std::cerr << "plotkit: " << note << std::endl;
     }
     return options.Command == pcShow ? Show(host, options, std::move(document)) : Render(host, *document);
 }

@@ -158,7 +158,7 @@ void KxInitDirs()
     std::error_code ignored;
     if (fs::is_regular_file(UserSettings(), ignored))
         return;
-    fs::create_directories(UserSettingsPath(), ignored);
+    fs::create_directory(UserSettingsPath(), ignored);
     const std::string pattern = ProgPath() + ProgName() + ".usr";
     if (fs::is_regular_file(pattern, ignored))
         fs::copy_file(pattern, UserSettings(), fs::copy_options::none, ignored);

@@ -72,10 +72,12 @@ TEST(CsvTable, ErrorsNameFileAndLine)
         {"a,b\n", "data.csv: no rows behind line 1, which names the columns"},
         {"#1,2\n#3,4\n", "data.csv: no rows, only remarks; --comment names the characters that start one"},
         {"a,b\n1,2\n3,\"4\n5,6\n", "data.csv: line 3, column 2 (b): a quote is not closed"},
+        {"\"a,b\n1,2\n", "data.csv: line 1: a quote is not closed"},
         {"a,b\n\n1,234.5,7\n",
          "data.csv: line 3: 3 cells where line 1 names 2 columns; cells that hold the separator "
          "need quotes"},
-        {"a\n" + std::string(17'000'000, '1'), "data.csv: line 2: longer than 16 MB, so this is no table, or a quote is not closed"},
+        {"a\n" + std::string(17'000'000, '1'),
+         "data.csv: line 2: longer than 16 MB, so this is no table, or a quote is not closed"},
         {std::string("a,b\n1,2\n\0", 9), "data.csv: line 3: a byte 0, so this is no text file"},
         {std::string(10000, ',') + "\n", "data.csv: line 1: more than 10000 columns"},
     };

@@ -55,6 +55,7 @@ TEST(Dialect, IsFoundOut)
         {"v\n1,5\n2,25\n", "2 rows, 1 column, decimal commas, names in line 1", "v 1.5 2.25"},
         {"  1   2,0\n 1,5\t4,5 \n", "2 rows, 2 columns separated by blanks, decimal commas, no line of names",
          "column 1 1 1.5; column 2 2 4.5"},
+        {"size \",v\n5,1\n7,2\n", "2 rows, 2 columns separated by commas, names in line 1", "size \" 5 7; v 1 2"},
         {"a | b\n1|2\n", "1 row, 2 columns separated by bars, names in line 1", "a 1; b 2"},
         {"2012-10-05 12:00,1.5\n2012-10-05 12:30,2\n", "2 rows, 2 columns separated by commas, no line of names",
          "column 1 41187.5 41187.5; column 2 1.5 2"},

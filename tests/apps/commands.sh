@@ -6,6 +6,7 @@ data=$2
 export QT_QPA_PLATFORM=offscreen LC_ALL=C
 room=$(mktemp -d)
 trap 'rm -rf "$room"' EXIT
+export XDG_CONFIG_HOME=$room/config
 cd "$room" || exit 1
 failures=0
 
@@ -27,6 +28,14 @@ run() {
         grep -qF -- "$expected" err.txt || fail "$*: no '$expected' in: $(cat err.txt)"
         [ "$(wc -l <err.txt)" -eq 1 ] || fail "$*: more than one line: $(cat err.txt)"
     fi
+}
+
+wait_for() { # FILE TEXT: a busy machine is given ten seconds
+    for _ in $(seq 100); do
+        grep -qF -- "$2" "$1" && return 0
+        sleep 0.1
+    done
+    return 1
 }
 
 number_at() { # FILE OFFSET: four bytes, most significant first
@@ -88,21 +97,19 @@ run 0 'render' --help
 
 "$program" show "$data/ecg-mitdb208-12s.csv" >out.txt 2>err.txt &
 shown=$!
-sleep 1.5
+wait_for out.txt 'X: time_s, Y: ecg_mV (4320 values)' || fail "show says: $(cat out.txt err.txt)"
+sleep 1
 kill "$shown" 2>/dev/null || fail "show ended by itself: $(cat err.txt)"
 wait "$shown" 2>/dev/null
-grep -qF 'X: time_s, Y: ecg_mV (4320 values)' out.txt || fail "show says: $(cat out.txt err.txt)"
 
 printf 'a,b\n1,2\n2,3' >log.csv
 "$program" show log.csv --follow 0.05 >out.txt 2>err.txt &
 shown=$!
-sleep 1
+wait_for out.txt 'Y: b (1 value)' || fail "the unfinished line was read: $(cat out.txt)"
 printf '0\n3,oops\n' >>log.csv
-sleep 0.5
+wait_for err.txt 'log.csv: line 4, column "b": "oops" is no number' || fail "the new line was not read: $(cat err.txt)"
 kill "$shown" 2>/dev/null || fail "show --follow ended by itself: $(cat err.txt)"
 wait "$shown" 2>/dev/null
-grep -qF 'Y: b (1 value)' out.txt || fail "the unfinished line was read: $(cat out.txt)"
-grep -qF 'log.csv: line 4, column "b": "oops" is no number' err.txt || fail "the new line was not read: $(cat err.txt)"
 
 [ $failures -eq 0 ] && echo "all commands behave"
 exit $((failures > 0))

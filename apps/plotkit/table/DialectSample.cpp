@@ -3,20 +3,44 @@
 #include <algorithm>
 #include <map>
 
+#include "host/Errors.h"
+
 namespace plotkit {
+
+namespace {
+
+/// A line where a quote stays open, or 0. Which characters separate cells, so that a quote behind them opens one, is
+/// not known yet.
+std::size_t Cut(std::string_view sample, std::size_t skip, const TCommentMarks& marks, const std::string& separators,
+                std::vector<TSampleLine>& lines)
+{
+    TRecordCutter cutter(separators, marks);
+    cutter.SetText(sample, true);
+    TRecord record;
+    std::size_t line = 1, at = 0;
+    for (;; at = cutter.Position()) {
+        const TCutResult result = cutter.Next(record);
+        if (result != crRecord)
+            return result == crUnclosed ? line : 0;
+        const std::size_t first = line;
+        line += 1 + (record.HasQuotes ? CountLineEnds(record.Text) : 0);
+        if (first > skip && !Trimmed(record.Text).empty())
+            lines.push_back({record.Text, first, at, record.IsComment});
+    }
+}
+
+}  // namespace
 
 std::vector<TSampleLine> CutSample(std::string_view sample, std::size_t skip, const TCommentMarks& marks)
 {
     std::vector<TSampleLine> lines;
-    TRecordCutter cutter(",;|\t ", marks);
-    cutter.SetText(sample, true);
-    TRecord record;
-    for (std::size_t line = 1, at = 0; cutter.Next(record) == crRecord; at = cutter.Position()) {
-        const std::size_t first = line;
-        line += 1 + (record.HasQuotes ? CountLineEnds(record.Text) : 0);
-        if (first > skip && !Trimmed(record.Text).empty())
-            lines.push_back({record.Text, first, at, cutter.Position(), record.IsComment});
-    }
+    if (Cut(sample, skip, marks, ",;|\t ", lines) == 0)
+        return lines;
+    // The sample may end in a cell, or a word in a text has a quote of its own.
+    lines.clear();
+    const std::size_t open = Cut(sample, skip, marks, ",;|\t", lines);
+    if (open && lines.empty())
+        throw EConvertError("line " + std::to_string(open) + ": a quote is not closed");
     return lines;
 }
 

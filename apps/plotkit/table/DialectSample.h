@@ -14,7 +14,6 @@ struct TSampleLine
     std::string_view Text;
     std::size_t Line = 0;    ///< from 1
     std::size_t Offset = 0;  ///< in the sample
-    std::size_t End = 0;     ///< where the next line starts
     bool IsComment = false;
 };
 
@@ -30,7 +29,8 @@ struct TSampleCell
 
 using TSampleRow = std::vector<TSampleCell>;
 
-/// All lines that are not blank, without the `skip` ones in front.
+/// All lines that are not blank, without the `skip` ones in front. EConvertError when there is none because of a quote
+/// that is not closed.
 std::vector<TSampleLine> CutSample(std::string_view sample, std::size_t skip, const TCommentMarks& marks);
 
 TSampleRow SplitRow(std::string_view line, char separator, char decimal);

@@ -68,7 +68,7 @@ bool TFileFollower::HasChanged()
     if (error)
         throw EFileError(FFile + ": the file is gone; it is waited for");
     const auto time = std::filesystem::last_write_time(FFile, error);
-    const bool changed = size != FSize || time != FTime || FIsGone;
+    const bool changed = size != FSize || time != FTime || FIsUnread;
     FSize = size;
     FTime = time;
     return changed;
@@ -97,15 +97,18 @@ TFollowedRows TFileFollower::Poll()
     try {
         if (!HasChanged())
             return rows;
-        FIsGone = false;
+        FIsUnread = false;
         if (!FIsOther && IsSameText(FSize))
             ReadOn(rows);
         else
             Restart(rows);
+        FLastError.clear();
     } catch (const EError& error) {
-        if (!FIsGone)
+        // What stands in a file changes when the file does; whether it can be read may change by itself.
+        FIsUnread = dynamic_cast<const EFileError*>(&error) != nullptr;
+        if (error.Message() != FLastError)
             rows.Notes.push_back(error.Message());
-        FIsGone = true;
+        FLastError = error.Message();
     }
     return rows;
 }

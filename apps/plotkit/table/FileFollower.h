@@ -69,7 +69,9 @@ private:
     std::string FTail;  ///< the last bytes that were read
     std::uint64_t FSize = 0;
     std::filesystem::file_time_type FTime;
-    bool FIsGone = false, FIsOther = false;
+    bool FIsUnread = false;  ///< it was gone or could not be opened
+    bool FIsOther = false;   ///< cut or replaced, and not read since
+    std::string FLastError;
 };
 
 }  // namespace plotkit

@@ -94,8 +94,7 @@ bool TLayoutFinder::IsHeader(std::size_t row) const
 /// The line before the first one that fits may name fewer or more columns than the rows have.
 bool TLayoutFinder::NamesLineBefore(std::size_t row) const
 {
-    return row > 0 && IsAllText(FRows[row - 1]) &&
-           (FRows[row - 1].size() > 1 || FUsual == 1);
+    return row > 0 && IsAllText(FRows[row - 1]) && (FRows[row - 1].size() > 1 || FUsual == 1);
 }
 
 bool TLayoutFinder::IsUnits(std::size_t row) const

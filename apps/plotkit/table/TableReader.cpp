@@ -24,6 +24,11 @@ std::string_view FrontLines(std::string_view text, std::size_t size)
     return text.substr(0, later == std::string_view::npos ? later : later + 1);
 }
 
+bool HasLineEnd(const std::string& text, std::size_t from)
+{
+    return text.find('\n', from) != std::string::npos || text.find('\r', from) != std::string::npos;
+}
+
 }  // namespace
 
 void TTableReader::Fail(std::size_t line, const std::string& what) const
@@ -43,8 +48,6 @@ bool TTableReader::More()
     const std::size_t before = FText.size();
     FAtEnd = FAtEnd || !FSource.ReadMore(FText);
     CheckZeros(before);
-    if (FText.size() > LongestLine && FText.find_first_of("\r\n") == std::string::npos)
-        FailLong();
     return !FAtEnd;
 }
 
@@ -59,8 +62,11 @@ void TTableReader::ReadFront()
 {
     bool hasLine = false;
     for (std::size_t size = SampleSize;; size *= 4) {
-        for (std::size_t seen = 0; (FText.size() <= size || !hasLine) && More(); seen = FText.size())
-            hasLine = hasLine || FText.find_first_of("\r\n", seen) != std::string::npos;
+        for (std::size_t seen = 0; (FText.size() <= size || !hasLine) && More(); seen = FText.size()) {
+            hasLine = hasLine || HasLineEnd(FText, seen);
+            if (!hasLine && FText.size() > LongestLine)
+                FailLong();
+        }
         std::string_view sample = FrontLines(FText, size);
         if (FOptions.IsGrowing && FAtEnd && sample.size() == FText.size())
             sample = sample.substr(0, sample.find_last_of("\r\n") + 1);
@@ -158,12 +164,17 @@ TCsvTable TTableReader::Read()
     Start();
     const bool isBlank = FDialect.Separator == ' ';
     TRecordCutter cutter(isBlank ? " \t" : std::string(1, FDialect.Separator), FDialect.Marks);
-    do {
+    for (bool more = true; more;) {
         cutter.SetText(FText, false);
         TakeRecords(cutter);
-        if (FText.size() > LongestLine)
-            FailLong();
-    } while (More());
+        std::size_t seen = 0;
+        do {
+            if (FText.size() > LongestLine)
+                FailLong();
+            seen = FText.size();
+            more = More();
+        } while (more && !HasLineEnd(FText, seen));
+    }
     if (!FOptions.IsGrowing) {
         cutter.SetText(FText, true);
         TakeRecords(cutter);

@@ -9,6 +9,7 @@
 #include <QStatusBar>
 #include <QTimer>
 #include <QVBoxLayout>
+#include <iostream>
 
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
@@ -77,6 +78,7 @@ TMainWindow::~TMainWindow()
 
 void TMainWindow::Report(const std::string& message)
 {
+    std::cerr << "plotkit: " << message << std::endl;
     FMessages->Add(message);
 }
 

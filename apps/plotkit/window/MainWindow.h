@@ -34,6 +34,7 @@ public:
     /// Shows the graph of another file, chosen and drawn as the options of the program say.
     void Open(const std::string& fileName);
     void UseLook(const std::string& fileName);
+    /// In the window and on the standard error output.
     void Report(const std::string& message);
     /// Back to the place of the last time, as far as the options name no size.
     void RestorePlace();
