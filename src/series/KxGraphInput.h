@@ -125,7 +125,7 @@ private:
     std::unique_ptr<TEventChain<>> FNavigated, FCursorMoved, FMarkerMoved;
     std::optional<TPoint> FPointer;     ///< where it was seen last
     std::optional<TMouseButton> FHeld;  ///< pressed for something else than a zoom rectangle
-    TKxAxisMapping FAcross, FUp;  ///< of the primary axes, as last painted
+    TKxAxisMapping FAcross, FUp;        ///< of the primary axes, as last painted
     TArrows FArrows = arView;
     bool FPanMode = false;
     bool FSpace = false;

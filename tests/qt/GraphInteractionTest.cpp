@@ -102,7 +102,10 @@ TEST(GraphInteraction, WhatIsSwitchedOffIsOff)
     int wheels = 0;
     scene.Graph->OnMouseWheel = [&](TShiftState, int, int, int) { ++wheels; };
     {
-        KxGraphInteraction interaction(*scene.Widget, nullptr, {false, false, false, false, true, false, false, false});
+        TInteractionOptions options;
+        options.ZoomRectangle = options.Wheel = options.Pan = options.History = false;
+        options.Cursor = options.Keys = options.ContextMenu = false;
+        KxGraphInteraction interaction(*scene.Widget, nullptr, options);
         scene.Wheel(120);
         scene.Key(Qt::Key_Plus, QStringLiteral("+"));
         interaction.Action(gaCursor)->trigger();
