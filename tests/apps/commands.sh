@@ -5,8 +5,8 @@ program=$1
 data=$2
 export QT_QPA_PLATFORM=offscreen LC_ALL=C
 room=$(mktemp -d)
-trap 'rm -rf "$room"' EXIT
-export XDG_CONFIG_HOME=$room/config
+trap 'rm -rf "$room" "$room.config"' EXIT
+export XDG_CONFIG_HOME=$room.config
 cd "$room" || exit 1
 failures=0
 
