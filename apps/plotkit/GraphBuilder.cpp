@@ -136,6 +136,8 @@ TKxDataSeries* AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& ch
     series->GetLineStyle().SetWidth(count > MostPointsWithSymbols ? 1 : 2);
     series->GetLineStyle().SetVisible(options.Line);
     series->GetAreaStyle().SetColor(scheme.Areas[i % SchemeColours]);
+    // Of several areas none is to hide another.
+    series->GetAreaStyle().SetDrawXOred(choice.Ys.size() > 1);
     series->GetAreaStyle().SetVisible(options.Area);
     series->GetPointStyle().SetColor(color);
     series->GetPointStyle().SetStyle(SyCircleFilled);

@@ -26,6 +26,7 @@ void TMainWindow::AddMenus()
     FTools = addToolBar(tr("Tools"));
     FTools->setObjectName("tools");
     AddFileMenu();
+    FTools->addSeparator();
     FGraphMenu = menuBar()->addMenu(tr("&Graph"));
     AddViewMenu();
     QMenu& help = *menuBar()->addMenu(tr("&Help"));
@@ -133,10 +134,6 @@ void TMainWindow::AddColoursMenu(QMenu& menu)
 
 void TMainWindow::FillGraphMenu()
 {
-    FGraphMenu->clear();
-    for (QAction* action : FGraphTools)
-        FTools->removeAction(action);
-    FGraphTools.clear();
     constexpr std::array shown{std::pair{gaHome, tiHome},       std::pair{gaBack, tiBack},
                                std::pair{gaForward, tiForward}, std::pair{gaZoomIn, tiZoomIn},
                                std::pair{gaZoomOut, tiZoomOut}, std::pair{gaZoom, tiZoom},

@@ -4,10 +4,12 @@
 #include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QLabel>
+#include <QMenu>
 #include <QMimeData>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
+#include <QToolBar>
 #include <QVBoxLayout>
 #include <iostream>
 
@@ -43,6 +45,7 @@ bool IsLookFile(const QString& fileName)
 TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
 {
     setObjectName("plotkit");
+    FExportWish.Picture.LightBackground = true;
     setAcceptDrops(true);
     if (FOptions.Scheme == ccAuto)
         FOptions.Scheme = FSettings.Colours();
@@ -56,6 +59,7 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
     FPages->addWidget(NewWelcome());
     rows->addWidget(FMessages);
     rows->addWidget(FPages, 1);
+    AddReadings(*rows);
     setCentralWidget(centre);
     FColumns = new TColumnsDock(this);
     FColumns->OnChosen = [this](int x, const std::vector<int>& ys) {
@@ -63,12 +67,31 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
         QTimer::singleShot(0, this, [this, x, ys] { Rebuild([&] { FDocument->Choose(x, ys); }); });
     };
     addDockWidget(Qt::RightDockWidgetArea, FColumns);
-    FDescription = new QLabel(this);
-    statusBar()->addPermanentWidget(FDescription);
     AddMenus();
     FColumns->hide();
     EnableForGraph();
     setWindowTitle(tr("Plotkit"));
+}
+
+void TMainWindow::AddReadings(QBoxLayout& rows)
+{
+    constexpr int margin = 6, placeWidth = 260;
+    FReadings = new QLabel(this);
+    FReadings->setObjectName("readings");
+    FReadings->setMargin(margin);
+    FReadings->setTextFormat(Qt::PlainText);
+    FReadings->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    FReadings->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    FReadings->hide();
+    rows.addWidget(FReadings);
+    FPlace = new QLabel(this);
+    FPlace->setTextFormat(Qt::PlainText);
+    FPlace->setMinimumWidth(placeWidth);
+    FDescription = new QLabel(this);
+    FDescription->setTextFormat(Qt::PlainText);
+    FDescription->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
+    statusBar()->addWidget(FPlace);
+    statusBar()->addWidget(FDescription, 1);
 }
 
 TMainWindow::~TMainWindow()
@@ -160,6 +183,10 @@ void TMainWindow::Rebuild(const std::function<void()>& change)
 
 void TMainWindow::LeaveView()
 {
+    FGraphMenu->clear();
+    for (QAction* action : FGraphTools)
+        FTools->removeAction(action);
+    FGraphTools.clear();
     FDatesFollow.reset();
     FInteraction.reset();
     FView.reset();
@@ -170,7 +197,7 @@ void TMainWindow::ShowGraph()
     const TPlot& plot = FDocument->Plot();
     FView = std::make_unique<KxGraphWidget>(plot.Form.get());
     FInteraction = std::make_unique<KxGraphInteraction>(*FView, plot.Graph);
-    FInteraction->OnStatus = [this](const QString& text) { statusBar()->showMessage(text); };
+    FInteraction->OnStatus = [this](const QString&) { ShowReadings(); };
     FInteraction->OnCopyPicture = [this] { CopyPictureNow(); };
     FDatesFollow =
         std::make_unique<TEventChain<>>(FInteraction->Input().Navigator(), FInteraction->Input().Navigator().OnChanged,
@@ -178,18 +205,42 @@ void TMainWindow::ShowGraph()
     FDocument->OnNote = [this](const std::string& note) { Report(note); };
     FDocument->OnGrown = [this] {
         RefreshDates();
-        FDescription->setText(QString::fromStdString(FDocument->ChoiceDescription()));
+        ShowDescription();
     };
     FPages->insertWidget(GraphPage, FView.get());
     FPages->setCurrentIndex(GraphPage);
     FView->setFocus();
     FFollow->setChecked(FDocument->Options().Follow.has_value());
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
-    FDescription->setText(QString::fromStdString(FDocument->ChoiceDescription()));
+    ShowDescription();
     for (const std::string& note : FDocument->Notes())
         Report(note);
     FillGraphMenu();
     EnableForGraph();
+}
+
+void TMainWindow::ShowDescription()
+{
+    const QString text = QString::fromStdString(FDocument->ChoiceDescription());
+    FDescription->setText(text);
+    FDescription->setToolTip(text);
+}
+
+void TMainWindow::ShowReadings()
+{
+    constexpr int mostLines = 12;
+    TKxGraphInput& input = FInteraction->Input();
+    QStringList lines;
+    for (const std::string& line : input.StatusLines())
+        lines << QString::fromStdString(line);
+    const bool reads = input.HasValues();
+    FPlace->setText(lines.join("  "));
+    FPlace->setVisible(!reads);
+    if (lines.size() > mostLines)
+        lines = lines.mid(0, mostLines - 1)
+                << tr("... %n more", nullptr, static_cast<int>(lines.size()) - mostLines + 1);
+    FReadings->setText(lines.join('\n'));
+    FReadings->setVisible(reads);
 }
 
 void TMainWindow::RefreshDates()

@@ -12,6 +12,7 @@
 #include "qt/KxGraphWidget.h"
 
 class QActionGroup;
+class QBoxLayout;
 class QLabel;
 class QMenu;
 class QStackedWidget;
@@ -83,6 +84,9 @@ private:
     QString PictureName() const;
     void MatchScheme();
     void RefreshDates();
+    void AddReadings(QBoxLayout& rows);
+    void ShowReadings();
+    void ShowDescription();
 
     TOptions FOptions;  ///< of the program
     TUserSettings FSettings;
@@ -93,7 +97,9 @@ private:
     QStackedWidget* FPages = nullptr;
     TMessageBar* FMessages = nullptr;
     TColumnsDock* FColumns = nullptr;
-    QLabel* FDescription = nullptr;
+    QLabel* FReadings = nullptr;     ///< of cursor and markers
+    QLabel* FPlace = nullptr;        ///< of the pointer
+    QLabel* FDescription = nullptr;  ///< of the chosen columns
     QMenu* FRecentMenu = nullptr;
     QMenu* FGraphMenu = nullptr;
     QToolBar* FTools = nullptr;

@@ -1,0 +1,202 @@
+#include <gtest/gtest.h>
+
+#include <QApplication>
+#include <QClipboard>
+#include <QComboBox>
+#include <QDropEvent>
+#include <QLabel>
+#include <QListWidget>
+#include <QMimeData>
+#include <QPlainTextEdit>
+#include <QTemporaryDir>
+#include <QThread>
+#include <fstream>
+
+#include "foundation/KxConsts.h"
+#include "plotkit/ColourScheme.h"
+#include "plotkit/window/MainWindow.h"
+#include "qt/KxQtHost.h"
+
+namespace plotkit {
+namespace {
+
+/// A host whose settings lie in a folder of the test.
+class TSettingsHost : public TQtHost
+{
+public:
+    std::optional<std::string> AppDataFolder() const override { return Folder.path().toStdString(); }
+    std::string Path(const char* name) const { return Folder.filePath(name).toStdString(); }
+
+    QTemporaryDir Folder;
+};
+
+struct WindowTest : testing::Test
+{
+    WindowTest()
+    {
+        KxUnloadPaths();
+        KxLoadPaths();
+        Open(CO2);
+    }
+    ~WindowTest() override
+    {
+        KxUnloadPaths();
+        KxLoadPaths();
+    }
+
+    void Open(const std::string& file)
+    {
+        TOptions options;
+        options.Scheme = ccLight;
+        Window = std::make_unique<TMainWindow>(options);
+        Window->Open(file);
+        Window->show();
+        Settle();
+    }
+    void Settle()
+    {
+        QApplication::processEvents();
+        Window->grab();
+        QApplication::processEvents();
+    }
+    void Drop(const std::string& file)
+    {
+        QMimeData data;
+        data.setUrls({QUrl::fromLocalFile(QString::fromStdString(file))});
+        QDragEnterEvent enter(QPoint(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(Window.get(), &enter);
+        ASSERT_TRUE(enter.isAccepted());
+        QDropEvent drop(QPointF(50, 50), Qt::CopyAction, &data, Qt::LeftButton, {});
+        QApplication::sendEvent(Window.get(), &drop);
+        Settle();
+    }
+    QString Messages() const
+    {
+        const auto* bar = Window->findChild<QFrame*>("messages");
+        return bar->isVisible() ? bar->findChild<QPlainTextEdit*>()->toPlainText() : QString();
+    }
+    KxGraphWidget& View() const
+    {
+        for (QWidget* widget : Window->findChildren<QWidget*>())
+            if (auto* view = dynamic_cast<KxGraphWidget*>(widget))
+                return *view;
+        throw EError("no graph is shown");
+    }
+    /// The action of a menu, by its text without "&" and dots.
+    QAction* Action(const QString& text) const
+    {
+        for (QAction* action : Window->findChildren<QAction*>())
+            if (QString(action->text()).remove('&').remove("...") == text)
+                return action;
+        throw EError("no action " + text.toStdString());
+    }
+
+    static constexpr const char* CO2 = PLOTKIT_SOURCE_DIR "/data/measured/mauna-loa-co2-monthly.csv";
+    static constexpr const char* Ecg = PLOTKIT_SOURCE_DIR "/data/measured/ecg-mitdb208-12s.csv";
+    TSettingsHost Host;
+    THostGuard Guard{Host};
+    std::unique_ptr<TMainWindow> Window;
+};
+
+TEST_F(WindowTest, DroppedFilesAreShownOrSayWhyNot)
+{
+    Drop(Ecg);
+    EXPECT_EQ(Window->windowTitle(), "ecg-mitdb208-12s.csv - Plotkit");
+    const QImage ecg = View().Shown();
+    std::ofstream(Host.Path("bad.csv")) << "a,b\n1,\"2\n";
+    Drop(Host.Path("bad.csv"));
+    EXPECT_TRUE(Messages().contains("bad.csv")) << Messages().toStdString();
+    EXPECT_EQ(Window->windowTitle(), "ecg-mitdb208-12s.csv - Plotkit");
+    Drop(Ecg);
+    EXPECT_EQ(Messages(), "");
+    EXPECT_EQ(View().Shown(), ecg);
+    EXPECT_EQ(TUserSettings().RecentFiles(), (std::vector<std::string>{Ecg, CO2}));
+}
+
+TEST_F(WindowTest, LooksComeBackAndBadOnesAreNamed)
+{
+    std::ofstream(Host.Path("look.ini")) << "[Graph]\nShowTitle=1\nCaption=Keeling\nColor=x\n";
+    const QImage before = View().Shown();
+    Drop(Host.Path("look.ini"));
+    EXPECT_TRUE(Messages().endsWith("look.ini: [Graph] Color: \"x\" cannot be used"));
+    EXPECT_NE(View().Shown(), before);
+    Action("Reload")->trigger();
+    Settle();
+    EXPECT_TRUE(Messages().contains("look.ini"));  // the look stays with the file
+}
+
+TEST_F(WindowTest, ColumnsScalesAndColoursMakeAnotherGraph)
+{
+    auto* ys = Window->findChild<QListWidget*>();
+    ys->item(3)->setCheckState(Qt::Checked);
+    Settle();
+    Settle();
+    EXPECT_EQ(Window->findChild<QComboBox*>()->currentText(), "year_month");
+    const QImage two = View().Shown();
+    EXPECT_EQ(two.pixelColor(2, 2), QColor(Qt::white));
+    Action("Dark")->trigger();
+    Settle();
+    Settle();
+    EXPECT_EQ(View().Shown().pixelColor(2, 2),
+              QColor(RedOf(DarkScheme().Paper), GreenOf(DarkScheme().Paper), BlueOf(DarkScheme().Paper)));
+    Action("Light")->trigger();
+    Settle();
+    Settle();
+    EXPECT_EQ(View().Shown(), two);
+    for (QAction* action : Window->findChildren<QAction*>())
+        if (action->text() == "Lo&garithmic")
+            action->trigger();
+    Settle();
+    EXPECT_NE(View().Shown(), two);
+}
+
+TEST_F(WindowTest, ReadingsAreShownWhileTheCursorIs)
+{
+    const auto* readings = Window->findChild<QLabel*>("readings");
+    EXPECT_FALSE(readings->isVisible());
+    Action("Cursor")->trigger();
+    Settle();
+    EXPECT_TRUE(readings->isVisible());
+    EXPECT_TRUE(readings->text().startsWith("co2_ppm: x = 19")) << readings->text().toStdString();
+    Action("Copy picture")->trigger();
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("image/svg+xml"));
+    EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasImage());
+}
+
+TEST_F(WindowTest, FollowedFilesGrow)
+{
+    const std::string file = Host.Path("log.csv");
+    std::ofstream(file) << "t,v\n1,2\n2,3\n";
+    Open(file);
+    Action("Follow as it grows")->trigger();
+    Settle();
+    const QImage before = View().Shown();
+    std::ofstream(file, std::ios::app) << "3,40\n";
+    for (int i = 0; i < 100 && View().Shown() == before; ++i) {
+        QThread::msleep(50);
+        QApplication::processEvents();
+    }
+    EXPECT_NE(View().Shown(), before);
+    EXPECT_TRUE(Action("Follow as it grows")->isChecked());
+}
+
+TEST_F(WindowTest, ThePlaceIsRemembered)
+{
+    Window->setGeometry(120, 90, 640, 480);
+    Window->close();
+    Open(CO2);
+    Window->RestorePlace();
+    EXPECT_EQ(Window->geometry(), QRect(120, 90, 640, 480));
+}
+
+}  // namespace
+}  // namespace plotkit
+
+int main(int argc, char** argv)
+{
+    if (!qEnvironmentVariableIsSet("QT_QPA_PLATFORM"))
+        qputenv("QT_QPA_PLATFORM", "offscreen");
+    testing::InitGoogleTest(&argc, argv);
+    const QApplication application(argc, argv);
+    return RUN_ALL_TESTS();
+}
