@@ -191,9 +191,12 @@ double LightnessOf(TColor color)
 
 TColor LightColor(TColor color, TColor dark)
 {
+    // Dark enough to be read on white, light enough to be told from black.
+    constexpr double readable = 0.55, vivid = 0.12;
     TLab lab = LabOf(color);
     const double darkest = std::min(LightnessOf(dark), 0.9);
-    lab.L = 1 - std::clamp((lab.L - darkest) / (1 - darkest), 0.0, 1.0);
+    const double mirrored = 1 - std::clamp((lab.L - darkest) / (1 - darkest), 0.0, 1.0);
+    lab.L = std::max(mirrored, readable * std::min(1.0, std::hypot(lab.A, lab.B) / vivid));
     return ColorOf(lab);
 }
 

@@ -9,7 +9,7 @@ namespace plotkit {
 /// has them.
 double LightnessOf(TColor color);
 /// With `dark` as ground turned into white: the lightness of a colour between them mirrored, so that what was white is
-/// black, its hue kept.
+/// black, its hue kept. Vivid colours get no darker than their hue can be told.
 TColor LightColor(TColor color, TColor dark);
 
 /// The colour that most of the picture stands on: of the last filling that covers half of it, otherwise `ground`.

@@ -10,7 +10,7 @@ constexpr std::size_t LongestPiece = 2000;
 /// How far, in pen widths, a mitered corner reaches.
 constexpr double Reach = 2;
 /// In 1/96 inches: of lines up to here nobody sees that their ends are not cut along the box.
-constexpr double WidestUncut = 2;
+constexpr double WidestUncut = 1;
 
 /// Where in the pixel a stroke runs so that it fills whole ones.
 double MiddleOf(const TPenState& pen)

@@ -21,7 +21,7 @@ struct TVectorOptions
     double Height = 400;
     TLengthUnit Unit = luInch96;
     bool LightBackground = false;  ///< a picture on dark ground in colours for white paper
-    std::string Title;             ///< of the document
+    std::string Title{};           ///< of the document
 };
 
 /// The root's scale and bounds are afterwards as before. ERangeError when a side is not from 1 to 19200 1/96 inches,
@@ -43,7 +43,7 @@ struct TPageOptions
     /// smaller until it fits, in the middle.
     bool Fill = false;
     bool LightBackground = false;
-    std::string Title;
+    std::string Title{};
 };
 
 /// On paper, between its margins. The graph that is fitted has the root's present size.

@@ -47,6 +47,8 @@ TEST(Options, AllOfThem)
     EXPECT_EQ(reading.Reading.DayFirst, false);
     EXPECT_EQ(Parse({"show", "in.csv", "--follow", "0.5", "--header", "auto"}).Follow, 0.5);
     EXPECT_EQ(Parse({"render", "-", "-o", "a.png"}).File, "-");
+    const TOptions vector = Parse({"render", "in.csv", "-o", "a.Svg", "--light"});
+    EXPECT_TRUE(vector.Format == pfSvg && vector.Light && options.Format == pfPng && !options.Light);
     EXPECT_NE(Parse({"render", "--help"}).Answer.find("--antialias"), std::string::npos);
     EXPECT_NE(Parse({"--version"}).Answer.find("0."), std::string::npos);
 }
@@ -65,6 +67,9 @@ TEST(Options, ErrorsNameTheOption)
         {{"render", "-o", "a.png"}, "FILE"},
         {{"render", "in.csv"}, "--output: name the picture"},
         {{"render", "in.csv", "-o", "a.jpg"}, "--output: \"a.jpg\" does not end in .png, .svg or .pdf"},
+        {{"render", "in.csv", "-o", "a.svg", "--dpi", "96"}, "--dpi: a picture in SVG or PDF has no pixels"},
+        {{"render", "in.csv", "-o", "a.PDF", "--antialias"}, "--antialias: a picture in SVG or PDF has no pixels"},
+        {{"render", "in.csv", "-o", "a.pdf", "--size", "19201x99"}, "--size: a page is at most 19200"},
         {{"render", "in.csv", "-o", "a.png", "--size", "0x100"}, "--size: \"0x100\" is no size"},
         {{"render", "in.csv", "-o", "a.png", "--size", "99999999999999999999x10"}, "--size"},
         {{"render", "in.csv", "-o", "a.png", "--dpi", "x"}, "--dpi: \"x\" is no resolution"},

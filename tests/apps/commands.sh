@@ -54,6 +54,16 @@ has_size cu.png 800 600
 run 0 'X: two_theta_deg, Y: counts' render "$data/xrd-rbnb2o5f.csv" --y-scale log --antialias --title 'RbNb\-2' --size 640x400 \
     -o xrd.png
 has_size xrd.png 640 400
+run 0 'Y: co2_ppm' render "$data/mauna-loa-co2-annual.csv" --title 'CO\-2' --size 640x400 --light -o co2.svg
+python3 - <<'P' || fail "co2.svg is no such picture"
+import xml.etree.ElementTree as tree
+root = tree.parse("co2.svg").getroot()
+texts = [t.text for t in root.iter("{http://www.w3.org/2000/svg}text")]
+assert root.get("width") == "640" and root.get("viewBox") == "0 0 10240 6400", root.attrib
+assert "CO" in texts and "2" in texts and "co2_ppm" in texts, texts
+P
+run 0 'Y: co2_ppm' render "$data/mauna-loa-co2-annual.csv" --size 640x400 -o co2.pdf
+grep -qaF '/MediaBox [0 0 480.000000 300.000000]' co2.pdf || fail "co2.pdf has another page"
 cmp -s co2.png cu.png && fail "two files, one picture"
 
 printf 'a,b\n1,2\n2,x\n3,y\n4,5\n5,6\n' >bad-cells.csv
@@ -87,7 +97,7 @@ mkdir folder.png
 run 2 'nowhere/graph.png' render negative.csv -o nowhere/graph.png
 run 2 'folder.png' render negative.csv -o folder.png
 [ -z "$(ls -A folder.png)" ] || fail "something was written into folder.png"
-others=$(ls -A | grep -vE '^(co2|cu|xrd|bad-cells|input|pipe|dates|kept|before|folder)\.png$|\.(csv|txt)$')
+others=$(ls -A | grep -vE '^(co2|cu|xrd|bad-cells|input|pipe|dates|kept|before|folder)\.(png|svg|pdf)$|\.(csv|txt)$')
 [ -z "$others" ] || fail "left behind: $others"
 
 (failures=0; unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; run 2 'there is no display' show negative.csv; exit $failures)
