@@ -1,47 +1,34 @@
 #include "qt/KxQtLines.h"
 
 #include <algorithm>
-#include <array>
 #include <cmath>
+
+#include "host/ClipGeometry.h"
 
 namespace plotkit {
 
 namespace {
 
-/// Keeps [0, 1] of a line where p·t <= q.
-bool Narrow(double p, double q, double& first, double& last)
+constexpr TVectorBox Drawable{-FarPixel, -FarPixel, FarPixel, FarPixel};
+
+TVectorPoint Real(QPointF p)
 {
-    if (p == 0)
-        return q >= 0;
-    const double t = q / p;
-    if (p < 0)
-        first = std::max(first, t);
-    else
-        last = std::min(last, t);
-    return first <= last;
+    return {p.x(), p.y()};
 }
 
-/// One side of the border: a coordinate times a sign is at most FarPixel.
-struct TSide
+QPointF Real(TVectorPoint p)
 {
-    bool IsX;
-    double Sign;
+    return {p.X, p.Y};
+}
 
-    double Beyond(QPointF p) const { return Sign * (IsX ? p.x() : p.y()) - FarPixel; }
-};
-
-QPolygonF CutAt(const TSide& side, const QPolygonF& corners)
+template <class TTo, class TFrom>
+TTo Converted(const TFrom& points)
 {
-    QPolygonF kept;
-    for (qsizetype i = 0; i < corners.size(); ++i) {
-        const QPointF from = corners[i], to = corners[(i + 1) % corners.size()];
-        const double beyondFrom = side.Beyond(from), beyondTo = side.Beyond(to);
-        if (beyondFrom <= 0)
-            kept << from;
-        if ((beyondFrom <= 0) != (beyondTo <= 0))
-            kept << from + (to - from) * (beyondFrom / (beyondFrom - beyondTo));
-    }
-    return kept;
+    TTo converted;
+    converted.reserve(static_cast<decltype(converted.size())>(points.size()));
+    for (const auto& point : points)
+        converted.push_back(Real(point));
+    return converted;
 }
 
 void AddColumn(std::span<const TPoint> column, QPolygon& kept)
@@ -86,46 +73,21 @@ QLineF ExactLine(TPoint from, TPoint to, bool mirrored)
 
 std::optional<QLineF> CutLine(const QLineF& line)
 {
-    double first = 0, last = 1;
-    const bool inside =
-        Narrow(-line.dx(), line.x1() + FarPixel, first, last) && Narrow(line.dx(), FarPixel - line.x1(), first, last) &&
-        Narrow(-line.dy(), line.y1() + FarPixel, first, last) && Narrow(line.dy(), FarPixel - line.y1(), first, last);
-    if (!inside)
-        return std::nullopt;
-    return QLineF(first > 0 ? line.pointAt(first) : line.p1(), last < 1 ? line.pointAt(last) : line.p2());
+    const auto cut = CutLine(Real(line.p1()), Real(line.p2()), Drawable);
+    return cut ? std::optional(QLineF(Real(cut->first), Real(cut->second))) : std::nullopt;
 }
 
 std::vector<QPolygonF> CutPolyline(const QPolygonF& points)
 {
     std::vector<QPolygonF> parts;
-    QPolygonF part;
-    const auto endPart = [&] {
-        if (part.size() > 1)
-            parts.push_back(part);
-        part.clear();
-    };
-    for (qsizetype i = 1; i < points.size(); ++i) {
-        const auto line = CutLine(QLineF(points[i - 1], points[i]));
-        if (!line || line->p1() != points[i - 1])
-            endPart();
-        if (!line)
-            continue;
-        if (part.isEmpty())
-            part << line->p1();
-        part << line->p2();
-        if (line->p2() != points[i])
-            endPart();
-    }
-    endPart();
+    for (const TCutPiece& piece : CutPolyline(Converted<std::vector<TVectorPoint>>(points), Drawable))
+        parts.push_back(Converted<QPolygonF>(piece.Points));
     return parts;
 }
 
 QPolygonF CutPolygon(const QPolygonF& points)
 {
-    QPolygonF cut = points;
-    for (const TSide& side : std::array{TSide{true, 1}, TSide{true, -1}, TSide{false, 1}, TSide{false, -1}})
-        cut = CutAt(side, cut);
-    return cut;
+    return Converted<QPolygonF>(CutPolygon(Converted<std::vector<TVectorPoint>>(points), Drawable));
 }
 
 QPolygon WithoutHiddenPoints(std::span<const TPoint> points)
