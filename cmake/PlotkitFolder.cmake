@@ -6,9 +6,12 @@ add_library(plotkit_options INTERFACE)
 target_compile_options(plotkit_options INTERFACE
   -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wextra-semi
   -ffp-contract=off)
-if(PLOTKIT_SANITIZE)
+if(PLOTKIT_SANITIZE OR PLOTKIT_FUZZ)
   target_compile_options(plotkit_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
   target_link_options(plotkit_options INTERFACE -fsanitize=address,undefined)
+endif()
+if(PLOTKIT_FUZZ)
+  target_compile_options(plotkit_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
 function(plotkit_folder name)

@@ -1,8 +1,10 @@
 // The job of main is to run one command and to say in one line what went wrong with it.
 #include <QApplication>
+#include <filesystem>
 #include <iostream>
 #include <new>
 
+#include "graph/KxCaption.h"
 #include "host/Errors.h"
 #include "host/StringList.h"
 #include "plotkit/Document.h"
@@ -45,6 +47,12 @@ std::unique_ptr<TDocument> ReadDocument(const TOptions& options)
     return document;
 }
 
+std::string TitleOf(const TOptions& options)
+{
+    return options.Title && !options.Title->empty() ? GetStrippedString(*options.Title)
+                                                    : std::filesystem::path(options.File).stem().string();
+}
+
 int Render(TQtHost& host, TDocument& document)
 {
     const TOptions& options = document.Options();
@@ -59,7 +67,7 @@ int Render(TQtHost& host, TDocument& document)
                             options.Dpi,
                             options.Antialias,
                             options.Light,
-                            options.Title.value_or("")};
+                            TitleOf(options)};
     const std::string picture = DrawPicture(*document.Plot().Form, wish);
     if (failed)
         return Broken;
@@ -83,6 +91,8 @@ int Run(int count, char** arguments)
     qInstallMessageHandler(KeepErrors);
     QApplication application(count, arguments);
     QApplication::setApplicationName("plotkit");
+    QApplication::setDesktopFileName("plotkit");
+    QApplication::setWindowIcon(QIcon::fromTheme("plotkit"));
     QApplication::setApplicationVersion(QString::fromStdString(ProgramVersion()));
     TQtHost host;
     const THostGuard guard(host);

@@ -170,7 +170,9 @@ private:
 
     void Character(std::size_t at, std::size_t length)
     {
-        if (IsSelected() != FRunSelected)
+        // A byte that was no character in the text must not complete one in the run.
+        const bool mayComplete = (static_cast<unsigned char>(FRec.Text[at]) & 0xC0U) == 0x80U;
+        if (IsSelected() != FRunSelected || mayComplete)
             Flush();
         FRunSelected = IsSelected();
         const std::string_view character = std::string_view(FRec.Text).substr(at, length);
@@ -205,10 +207,10 @@ private:
         if (FRec.Angle == 0)
             FX = AddPixels(FX, width);
         else if (FRec.Angle == 900)
-            FY = AddPixels(FY, -width);
+            FY = SaturatePixel(std::int64_t{FY} - width);
         else {
             FX = AddPixels(FX, RoundToInt(width * FCos));
-            FY = AddPixels(FY, -RoundToInt(width * FSin));
+            FY = SaturatePixel(std::int64_t{FY} - RoundToInt(width * FSin));
         }
         FRun.clear();
         FAdvances.clear();

@@ -344,7 +344,13 @@ bool TControl::IsColorStored() const
 
 void TControl::SetStreamedInside(TComponent* outer)
 {
-    if (auto* parent = dynamic_cast<TWindowControl*>(outer))
+    // Inside of what can hold no control it would lose its place when the tree is written again.
+    auto* parent = dynamic_cast<TWindowControl*>(outer);
+    if (const auto* beside = dynamic_cast<TControl*>(outer); beside && !parent)
+        parent = beside->Parent();
+    if (!parent)
+        parent = dynamic_cast<TWindowControl*>(Owner());
+    if (parent)
         SetParent(parent);
 }
 

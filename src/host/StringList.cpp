@@ -8,6 +8,8 @@ namespace plotkit {
 
 namespace {
 
+constexpr std::string_view ByteOrderMark = "\xEF\xBB\xBF";
+
 char Upper(char c)
 {
     return c >= 'a' && c <= 'z' ? static_cast<char>(c - 'a' + 'A') : c;
@@ -66,9 +68,8 @@ std::string TStringList::Text() const
 
 void TStringList::SetText(std::string_view text)
 {
-    constexpr std::string_view byteOrderMark = "\xEF\xBB\xBF";
-    if (text.substr(0, byteOrderMark.size()) == byteOrderMark)
-        text.remove_prefix(byteOrderMark.size());
+    if (text.starts_with(ByteOrderMark))
+        text.remove_prefix(ByteOrderMark.size());
     std::vector<std::string> lines;
     while (!text.empty()) {
         const std::size_t end = std::min(text.find_first_of("\r\n"), text.size());
@@ -89,7 +90,9 @@ void TStringList::LoadFromFile(const std::filesystem::path& file)
 
 void TStringList::SaveToFile(const std::filesystem::path& file) const
 {
-    WriteWholeFile(file, Text());
+    const std::string text = Text();
+    // What stands in the first line must not be taken for the file's own mark.
+    WriteWholeFile(file, text.starts_with(ByteOrderMark) ? std::string(ByteOrderMark) + text : text);
 }
 
 bool SameText(std::string_view a, std::string_view b)

@@ -1,7 +1,6 @@
 #include <gtest/gtest.h>
 
 #include <cmath>
-#include <random>
 #include <sstream>
 
 #include "host/DateTime.h"
@@ -127,50 +126,6 @@ TEST(CsvTable, BlocksProgressAndStop)
     std::istringstream stream(slow);
     EXPECT_EQ(MessageOf<ECancelled>([&] { ReadCsv(stream, "data.csv", options); }), "data.csv: reading was stopped");
     EXPECT_TRUE(seen > 0 && seen < slow.size());
-}
-
-/// Whatever the bytes: a table whose columns fit together, or one error; and the choice of columns copes with the
-/// table.
-void ExpectWhole(const std::string& text)
-{
-    try {
-        const TCsvTable table = Read(text);
-        for (const TCsvColumn& column : table.Columns) {
-            ASSERT_EQ(column.Values.Length(), column.Type == ctText ? 0 : table.RowCount);
-            ASSERT_LE(column.ValueCount + column.BadCount, table.RowCount);
-        }
-        ASSERT_LE(table.EndOffset, text.size());
-        ASSERT_GE(table.LineOfRow(table.RowCount - 1), table.RowCount);
-        const TColumnChoice choice = ChooseColumns(table, std::nullopt, {});
-        ASSERT_EQ(choice.X.Values.Length(), table.RowCount);
-        ASSERT_FALSE(choice.Ys.empty());
-    } catch (const EConvertError& error) {
-        ASSERT_TRUE(error.Message().starts_with("data.csv: ")) << error.Message();
-    }
-}
-
-TEST(CsvTable, HostileBytes)
-{
-    std::mt19937 random(20261121);
-    const auto below = [&](std::size_t n) { return static_cast<std::size_t>(random()) % n; };
-    const std::string good =
-        ReadWholeFile(PLOTKIT_SOURCE_DIR "/data/measured/mauna-loa-co2-monthly.csv").substr(0, 1500);
-    constexpr std::string_view loaded = "0123456789,,,;\"\"\n\n\r\t -+.:/TeEnainf\xEF\xBB\xBF\xC3";
-    for (int round = 0; round < 3000; ++round) {
-        std::string noise(below(200), '\0');
-        for (char& c : noise)
-            c = round % 3 ? loaded[below(loaded.size())] : static_cast<char>(random());
-        ExpectWhole(noise);
-        std::string mutated = good;
-        for (std::size_t n = below(8) + 1; n > 0; --n) {
-            const std::size_t at = below(mutated.size());
-            if (round % 2)
-                mutated[at] = loaded[below(loaded.size())];
-            else
-                mutated.erase(at, below(20) + 1);
-        }
-        ExpectWhole(mutated);
-    }
 }
 
 TEST(DateText, DatesAndWhatIsNone)

@@ -4,7 +4,6 @@
 #include <unistd.h>
 
 #include <chrono>
-#include <random>
 
 #include "host/Application.h"
 #include "host/Form.h"
@@ -101,35 +100,6 @@ TEST(LargeIni, ManySectionsAreFast)
     for (int i = 0; i < 20'000; ++i)
         ASSERT_EQ(list.ReadInteger("section" + std::to_string(i), "key", 0), i);
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
-}
-
-/// The store against a plain search through its lines, under writes, erasures and changes of single lines.
-TEST(LargeIni, FindsWhatALinearSearchFinds)
-{
-    std::mt19937 random(3);
-    TKxIniList list;
-    const auto search = [&](const std::string& section, const std::string& ident) -> std::string {
-        int i = list.IndexOf("[" + section + "]");
-        while (i >= 0 && ++i < list.Count() && list[i].substr(0, 1) != "[")
-            if (StartsWithText(list[i], ident + "="))
-                return list[i].substr(ident.size() + 1);
-        return "none";
-    };
-    for (int step = 0; step < 4000; ++step) {
-        const std::string section(1, "abcdef"[random() % 6]), ident(1, "pqrst"[random() % 5]);
-        const int place = static_cast<int>(random() % static_cast<unsigned>(list.Count() + 1));
-        const auto act = random() % 12;
-        if (act == 0)
-            list.EraseSection(section);
-        else if (act == 1)
-            list.Insert(place, "[" + section + "]");
-        else if (act == 2 && place < list.Count())
-            list.Delete(place);
-        else
-            list.WriteString(section, ident, std::to_string(step));
-        ASSERT_EQ(list.ReadString(section, ident, "none"), search(section, ident)) << step;
-        ASSERT_EQ(list.SectionExists(section), list.IndexOf("[" + section + "]") >= 0);
-    }
 }
 
 TEST(LargeIniFile, IsWrittenOnceAndOnlyWhenChanged)

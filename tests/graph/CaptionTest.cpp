@@ -2,7 +2,6 @@
 
 #include <gtest/gtest.h>
 
-#include <random>
 
 #include "host/Recording.h"
 
@@ -136,30 +135,6 @@ TEST_F(TCaptionTest, SelectionChangesTheColourOnly)
     ASSERT_EQ(Runs(), "100,200 a; 106,200 bc; 118,200 d; ");
     for (const std::size_t i : {0, 1, 2})
         EXPECT_EQ(std::get<TTextCommand>(Recording.Commands[i]).Run.Font.Color, i == 1 ? clHighlightText : clRed);
-}
-
-TEST_F(TCaptionTest, AnyBytesMakeACaption)
-{
-    std::mt19937 random(7);
-    const std::string codes = "\\\\\\sbiuo+- SBx\x80\xC3\xE2\xFF";
-    for (int round = 0; round < 3000; ++round) {
-        std::string text(random() % 40, ' ');
-        for (char& c : text)
-            c = round % 2 ? static_cast<char>(random()) : codes[random() % codes.size()];
-        Canvas.Font.Size = round % 50 ? 9 : static_cast<int>(random());
-        Draw(text, static_cast<int>(random() % 8000) - 4000);
-        std::size_t shown = 0;
-        for (const TDrawCommand& command : Recording.Commands)
-            shown += std::get<TTextCommand>(command).Run.Advances.size();
-        ASSERT_EQ(Rec.CharPos.size(), text.size() + 1);
-        ASSERT_LE(shown, text.size());
-        const std::int32_t last = shown ? Rec.CharPos[shown - 1] : 0;
-        ASSERT_EQ(Rec.Width, last);
-        for (std::size_t i = 1; i < shown; ++i)
-            ASSERT_LT(Rec.CharSrc[i - 1], Rec.CharSrc[i]);
-        for (std::size_t i = shown; i <= text.size(); ++i)
-            ASSERT_EQ(Rec.CharSrc[i], 0);
-    }
 }
 
 }  // namespace

@@ -4,7 +4,6 @@
 
 #include <algorithm>
 #include <memory>
-#include <random>
 
 #include "host/Application.h"
 #include "host/Errors.h"
@@ -286,45 +285,6 @@ TEST(StreamingTest, WithoutAnObjectThereIsNoRoot)
     EXPECT_EQ(ReadIntoComponent("\nobject A: TBox\nend\n", Classes, leaf),
               (std::vector<TReadProblem>{{2, "The text holds a TBox, not a TLeaf"}}));
     EXPECT_EQ(leaf.GetName(), "");
-}
-
-std::string Mutated(std::string text, std::minstd_rand& random)
-{
-    static constexpr std::array<std::string_view, 14> Pieces{
-        "object ", "end\n", "=", "(", ")", ";", "\"", "\\x", ".", "\n", ":", "nil", "\xFF", "9999999999999"};
-    for (std::size_t count = 1 + random() % 8; count > 0; --count) {
-        const std::size_t at = random() % text.size();
-        const auto act = random() % 4;
-        if (act == 0)
-            text.erase(at, 1 + random() % 12);
-        else if (act == 1)
-            text[at] = static_cast<char>(random());
-        else if (act == 2)
-            text.insert(at, Pieces[random() % Pieces.size()]);
-        else
-            text.insert(at, text.substr(random() % text.size(), random() % 60));
-        text += '\n';
-    }
-    return text;
-}
-
-TEST(StreamingTest, HostileTextsAreReadWithoutHarm)
-{
-    std::minstd_rand random(20240611);
-    for (int round = 0; round < 1500; ++round) {
-        const std::string text = Mutated(std::string(WholeText), random);
-        const TRead read(text);
-        const int lines = static_cast<int>(std::ranges::count(text, '\n'));
-        for (const TReadProblem& problem : read.Problems)
-            ASSERT_TRUE(problem.Line >= 1 && problem.Line <= lines && !problem.Message.empty()) << text;
-        if (!read.Root)
-            continue;
-        // What was understood is understood again.
-        const std::string kept = WriteComponentTree(*read.Root);
-        const TRead again(kept);
-        ASSERT_EQ(again.Report(), "") << text << kept;
-        ASSERT_EQ(WriteComponentTree(*again.Root), kept) << text;
-    }
 }
 
 }  // namespace
