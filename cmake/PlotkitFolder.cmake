@@ -4,7 +4,7 @@
 
 add_library(plotkit_options INTERFACE)
 target_compile_options(plotkit_options INTERFACE
-  -Wall -Wextra -Wpedantic -Werror -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wextra-semi
+  -Wall -Wextra -Wpedantic $<$<BOOL:${PLOTKIT_WERROR}>:-Werror> -Wshadow -Wnon-virtual-dtor -Wold-style-cast -Woverloaded-virtual -Wextra-semi
   -ffp-contract=off)
 if(PLOTKIT_SANITIZE OR PLOTKIT_FUZZ)
   target_compile_options(plotkit_options INTERFACE -fsanitize=address,undefined -fno-sanitize-recover=all -fno-omit-frame-pointer)
@@ -14,12 +14,14 @@ if(PLOTKIT_FUZZ)
   target_compile_options(plotkit_options INTERFACE -fsanitize=fuzzer-no-link)
 endif()
 
+# plotkit_folder(NAME TARGET...): the sources of the folder NAME, what they use, and all that installs them.
 function(plotkit_folder name)
   file(GLOB sources CONFIGURE_DEPENDS ${CMAKE_CURRENT_SOURCE_DIR}/${name}/*.cpp)
   set(view ${CMAKE_BINARY_DIR}/include/${name})
   file(MAKE_DIRECTORY ${view})
   file(CREATE_LINK ${CMAKE_CURRENT_SOURCE_DIR}/${name} ${view}/${name} SYMBOLIC)
-  add_library(plotkit_${name} STATIC ${sources})
-  target_include_directories(plotkit_${name} PUBLIC ${view})
-  target_link_libraries(plotkit_${name} PUBLIC ${ARGN} PRIVATE plotkit_options)
+  add_library(plotkit_${name} ${sources})
+  target_include_directories(plotkit_${name} PUBLIC $<BUILD_INTERFACE:${view}>)
+  target_link_libraries(plotkit_${name} PUBLIC ${ARGN} PRIVATE $<BUILD_INTERFACE:plotkit_options>)
+  plotkit_install_folder(${name} ${ARGN})
 endfunction()
