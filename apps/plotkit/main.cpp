@@ -1,5 +1,6 @@
 // The job of main is to run one command and to say in one line what went wrong with it.
 #include <QApplication>
+#include <QIcon>
 #include <filesystem>
 #include <iostream>
 #include <new>

@@ -7,7 +7,7 @@
 
 #include "Require.h"
 #include "data/KxVector.h"
-#include "foundation/KxLargeIni.h"
+#include "foundation/KxLargeIniFile.h"
 #include "graph/KxStyles.h"
 #include "host/Form.h"
 
