@@ -3,6 +3,7 @@
 
 #include <vector>
 
+#include "calculated/CalculatedClasses.h"
 #include "data/DataClasses.h"
 #include "graph/GraphClasses.h"
 #include "host/Streaming.h"
@@ -13,7 +14,7 @@ namespace plotkit {
 inline std::vector<const TClassInfo*> AllClasses()
 {
     std::vector<const TClassInfo*> classes;
-    for (const auto folder : {HostClasses(), DataClasses(), GraphClasses(), SeriesClasses()})
+    for (const auto folder : {HostClasses(), DataClasses(), GraphClasses(), SeriesClasses(), CalculatedClasses()})
         classes.insert(classes.end(), folder.begin(), folder.end());
     return classes;
 }

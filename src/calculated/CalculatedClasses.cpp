@@ -1,0 +1,10 @@
+#include "calculated/CalculatedClasses.h"
+
+namespace plotkit {
+
+std::span<const TClassInfo* const> CalculatedClasses()
+{
+    return {};
+}
+
+}  // namespace plotkit
