@@ -11,7 +11,6 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::size_t MaxColumns = 3;
 /// Below this many elements the exchanges cost less than the counting of digits.
 constexpr std::size_t FewElements = 512;
 
