@@ -145,8 +145,8 @@ PLOTKIT_INLINE TPair ChordSlope(const TSystem& system, TSize i)
     return Times<TProduct>(Sum(y[i + 1], -y[i]), system.Arrays.D[i]);
 }
 
-/// A pivot below this part of its diagonal entry is rounding. With the inverse of this condition the ordinates are still
-/// good to 1e-8 of the largest.
+/// A pivot below this part of its diagonal entry is rounding. With the inverse of this condition the ordinates are
+/// still good to 1e-8 of the largest.
 constexpr double Faintest = 0x1p-90;
 
 /// What the rows above subtract from a row.
@@ -156,9 +156,15 @@ struct TElimination
     double Probe = 0;
 };
 
-/// Sets up the equations row by row and eliminates downward. False when a pivot vanishes.
+[[noreturn]] void RaiseBadPivot(double pivot)
+{
+    throw EMathError(std::isfinite(pivot) ? "Approximative Spline: Matrix is not positive definite!"
+                                          : "Floating point overflow");
+}
+
+/// Sets up the equations row by row and eliminates downward.
 template <class TProduct>
-PLOTKIT_INLINE bool Eliminate(const TSystem& system)
+PLOTKIT_INLINE void Eliminate(const TSystem& system)
 {
     const std::span<const double> penalty = system.Arrays.B, rate = system.Arrays.D;
     TShare before = ShareOf<TProduct>(penalty[0], 0, rate[0]), at = ShareOf<TProduct>(penalty[1], rate[0], rate[1]);
@@ -172,7 +178,7 @@ PLOTKIT_INLINE bool Eliminate(const TSystem& system)
             (at.Before + Twice(at.Across) + at.Behind) + Twice(Sum(width, widthBehind)) + before.Behind + behind.Before;
         const TPair pivot = diagonal - here.Diagonal;
         if (!(pivot.High > Faintest * diagonal.High))
-            return false;
+            RaiseBadPivot(pivot.High);
         const TPair next =
             TPair{widthBehind, 0} - (at.Across + at.Behind) - (behind.Before + behind.Across) - here.Next;
         const TPair value = Times<TProduct>(slopeBehind - slope, 3) - here.Value;
@@ -192,12 +198,11 @@ PLOTKIT_INLINE bool Eliminate(const TSystem& system)
         at = behind;
         slope = slopeBehind;
     }
-    return true;
 }
 
-/// Solves upward. False when the condition leaves nothing of the solution.
+/// Solves upward.
 template <class TProduct>
-PLOTKIT_INLINE bool Substitute(const TSystem& system)
+PLOTKIT_INLINE void Substitute(const TSystem& system)
 {
     double condition = 0;
     TRow next{}, afterNext{};
@@ -209,7 +214,8 @@ PLOTKIT_INLINE bool Substitute(const TSystem& system)
         afterNext = next;
         next = row;
     }
-    return condition < 1 / Faintest;
+    if (condition > 1 / Faintest)
+        RaiseBadPivot(0);
 }
 
 /// Ordinates and coefficients from the solution.
@@ -243,33 +249,35 @@ PLOTKIT_INLINE void FillSegments(const TSystem& system)
 }
 
 template <class TProduct>
-PLOTKIT_INLINE bool SolveWith(const TSystem& system)
+PLOTKIT_INLINE void SolveWith(const TSystem& system)
 {
-    if (!Eliminate<TProduct>(system) || !Substitute<TProduct>(system))
-        return false;
+    Eliminate<TProduct>(system);
+    Substitute<TProduct>(system);
     FillSegments<TProduct>(system);
-    return true;
 }
 
 #if defined(__x86_64__)
-[[gnu::target("fma")]] bool SolveFused(const TSystem& system)
+[[gnu::target("fma")]] void SolveFused(const TSystem& system)
 {
-    return SolveWith<TFusedProduct>(system);
+    SolveWith<TFusedProduct>(system);
 }
 
-bool Solve(const TSystem& system)
+void Solve(const TSystem& system)
 {
-    return __builtin_cpu_supports("fma") ? SolveFused(system) : SolveWith<TSplitProduct>(system);
+    if (__builtin_cpu_supports("fma"))
+        SolveFused(system);
+    else
+        SolveWith<TSplitProduct>(system);
 }
 #elif defined(FP_FAST_FMA)
-bool Solve(const TSystem& system)
+void Solve(const TSystem& system)
 {
-    return SolveWith<TFusedProduct>(system);
+    SolveWith<TFusedProduct>(system);
 }
 #else
-bool Solve(const TSystem& system)
+void Solve(const TSystem& system)
 {
-    return SolveWith<TSplitProduct>(system);
+    SolveWith<TSplitProduct>(system);
 }
 #endif
 
@@ -289,12 +297,10 @@ void CalcSmoothingSpline(const TSplineArrays& arrays)
     arrays.D[nodes - 1] = 0;
     for (TSize i = 0; i < nodes; ++i)
         arrays.B[i] = Divide(6, arrays.W[i]);
-    const bool solved = Solve(system);
+    Solve(system);
     for (const std::span<const double> values : {arrays.Y, arrays.B, arrays.C, arrays.D})
         if (!AreFinite(values))
             throw EMathError("Floating point overflow");
-    if (!solved)
-        throw EMathError("Approximative Spline: Matrix is not positive definite!");
 }
 
 }  // namespace plotkit
