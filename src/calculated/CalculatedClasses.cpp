@@ -1,10 +1,26 @@
 #include "calculated/CalculatedClasses.h"
 
+#include <array>
+
+#include "calculated/KxIntegral.h"
+#include "calculated/KxLinearRegression.h"
+
 namespace plotkit {
+
+namespace {
+
+constexpr std::array<const TClassInfo*, 4> Classes{
+    &TKxLinearRegressionLine::Class,
+    &TKxInterpolatedLine::Class,
+    &TKxDifferential::Class,
+    &TKxIntegral::Class,
+};
+
+}  // namespace
 
 std::span<const TClassInfo* const> CalculatedClasses()
 {
-    return {};
+    return Classes;
 }
 
 }  // namespace plotkit

@@ -1,6 +1,7 @@
 #include "calculated/KxInterpol.h"
 
 #include <algorithm>
+#include <array>
 #include <cmath>
 
 #include "data/KxVector.h"
@@ -12,6 +13,7 @@ namespace {
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NoSlope = 1.7e308;
 constexpr int NeighbourSteps = 4;
+constexpr std::size_t Batch = 16;
 constexpr int Halvings = 31;
 /// Below this part of its operands a difference has lost digits that the other form of the same root still has.
 constexpr double Cancelled = 0x1p-10;
@@ -40,28 +42,42 @@ void TKxIntPolynom::Complete(int count)
     Enter(0);
 }
 
-TKxIntPolynom::TSegment TKxIntPolynom::Segment(int i) const
+void TKxIntPolynom::Load(int i, TSegment& segment) const
 {
     const auto at = static_cast<std::size_t>(i);
-    TSegment segment{-Infinity, Infinity, FX[at], FY[at], FB[at], FC[at], FD[at]};
-    if (i > 0)
-        segment.Low = segment.X;
-    if (i < FCount)
-        segment.High = FX[at + 1];
+    segment.Low = i > 0 ? FX[at] : -Infinity;
+    segment.High = i < FCount ? FX[at + 1] : Infinity;
+    segment.X = FX[at];
+    segment.Y = FY[at];
+    segment.B = FB[at];
+    segment.C = FC[at];
+    segment.D = FD[at];
+}
+
+TKxIntPolynom::TSegment TKxIntPolynom::Segment(int i) const
+{
+    TSegment segment;
+    Load(i, segment);
     return segment;
+}
+
+bool TKxIntPolynom::IsNext(int i, double x) const
+{
+    const auto at = static_cast<std::size_t>(i);
+    return i + 1 < FCount && x >= FX[at + 1] && x < FX[at + 2];
 }
 
 void TKxIntPolynom::Enter(int i) const
 {
     FLastIndex = i;
-    FSegment = Segment(i);
+    Load(i, FSegment);
 }
 
 void TKxIntPolynom::MoveTo(double x) const
 {
     if (FCount == 0)
         return;
-    if (const int found = Search(x); found != FLastIndex)
+    if (const int found = IsNext(FLastIndex, x) ? FLastIndex + 1 : Search(x); found != FLastIndex)
         Enter(found);
 }
 
@@ -82,6 +98,27 @@ int TKxIntPolynom::Search(double x) const
     if (i > 0 && x < nodes[i])
         return std::max(0, static_cast<int>(std::upper_bound(nodes, nodes + i, x) - nodes) - 1);
     return i;
+}
+
+void TKxIntPolynom::Interpolate(std::span<const double> x, std::span<double> y) const
+{
+    for (std::size_t k = 0; k < x.size();) {
+        TSegment at = SegmentAt(x[k]);
+        int i = FLastIndex;
+        bool follows = true;
+        while (follows) {
+            y[k] = at.Value(x[k]);
+            if (++k == x.size())
+                break;
+            if (x[k] >= at.Low && x[k] < at.High)
+                continue;
+            follows = IsNext(i, x[k]);
+            if (follows)
+                at = Segment(++i);
+        }
+        if (i != FLastIndex)
+            Enter(i);
+    }
 }
 
 void TKxIntPolynom::AddExtremum(int i, double x, TFound& minima, TFound& maxima) const

@@ -44,6 +44,8 @@ public:
     double Interpolate(double x) const;
     double Slope(double x) const;
     double Curvature(double x) const;
+    /// At many places, the faster the fewer changes of direction. `y` is as long as `x`.
+    void Interpolate(std::span<const double> x, std::span<double> y) const;
 
     void FindExtrema();
     /// Of the slope.
@@ -80,6 +82,11 @@ private:
         double High = std::numeric_limits<double>::infinity();
         double X = std::numeric_limits<double>::quiet_NaN(), Y = X, B = X, C = X, D = X;
 
+        double Value(double x) const
+        {
+            const double h = x - X;
+            return ((D * h + C) * h + B) * h + Y;
+        }
         /// The integral of the cubic from its node over `h`.
         double Integral(double h) const { return (((D * h / 4 + C / 3) * h + B * 0.5) * h + Y) * h; }
     };
@@ -94,7 +101,11 @@ private:
     void MoveTo(double x) const;
     int Search(double x) const;
     void Enter(int i) const;
+    /// Value by value: the next call reads the segment, and waits when it was copied as a whole.
+    void Load(int i, TSegment& segment) const;
     TSegment Segment(int i) const;
+    /// Whether the segment behind `i`, not the last one, is the one for `x`.
+    bool IsNext(int i, double x) const;
     void AddExtremum(int i, double x, TFound& minima, TFound& maxima) const;
     TKxRealPos Inflection(int i, double node, double substitute) const;
     TKxRealPos IntExtremum(int i, double sample, double integral, bool isMinimum) const;
@@ -113,9 +124,7 @@ inline int TKxIntPolynom::FindIndex(double x) const
 
 inline double TKxIntPolynom::Interpolate(double x) const
 {
-    const TSegment& at = SegmentAt(x);
-    const double h = x - at.X;
-    return ((at.D * h + at.C) * h + at.B) * h + at.Y;
+    return SegmentAt(x).Value(x);
 }
 
 inline double TKxIntPolynom::Slope(double x) const
