@@ -2,6 +2,8 @@
 
 #include <array>
 
+#include "calculated/KxASplineIntegral.h"
+#include "calculated/KxApproxSplineLine.h"
 #include "calculated/KxIntegral.h"
 #include "calculated/KxLinearRegression.h"
 
@@ -9,11 +11,9 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 4> Classes{
-    &TKxLinearRegressionLine::Class,
-    &TKxInterpolatedLine::Class,
-    &TKxDifferential::Class,
-    &TKxIntegral::Class,
+constexpr std::array<const TClassInfo*, 7> Classes{
+    &TKxLinearRegressionLine::Class, &TKxInterpolatedLine::Class,    &TKxDifferential::Class,    &TKxIntegral::Class,
+    &TKxApproxSplineLine::Class,     &TKxASplineDifferential::Class, &TKxASplineIntegral::Class,
 };
 
 }  // namespace

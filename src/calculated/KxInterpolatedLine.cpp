@@ -44,6 +44,15 @@ void TKxInterpolatedFunction::WriteResults(TKxIniList& list, const std::string& 
     WriteExtrema(list, section, "Maxima", GetMaxima());
 }
 
+void TKxInterpolatedFunction::RecalculateCoeffs(TKxIntPolynom& curve) const
+{
+    const TKxSeries* const parent = GetParentSeries();
+    const TKxCustomRealVector* const weight = GetWeight();
+    curve.RecalculateCoeffs(
+        GetCalculationStart(), GetCalculationStop(), ValuesOf(parent ? parent->GetXData() : nullptr),
+        ValuesOf(parent ? parent->GetYData() : nullptr), weight ? std::optional(weight->Values()) : std::nullopt);
+}
+
 void TKxAkimaFunction::SetDoSmoothing(bool smooth)
 {
     if (smooth == GetDoSmoothing())
@@ -65,11 +74,7 @@ void TKxAkimaFunction::RecalculateCoeffs()
 {
     const TKxAxis* const axis = GetXAxis();
     FAkima.SetSmoothLog(axis && axis->GetScaling() != AxNormal);
-    const TKxSeries* const parent = GetParentSeries();
-    const TKxCustomRealVector* const weight = GetWeight();
-    FAkima.RecalculateCoeffs(
-        GetCalculationStart(), GetCalculationStop(), ValuesOf(parent ? parent->GetXData() : nullptr),
-        ValuesOf(parent ? parent->GetYData() : nullptr), weight ? std::optional(weight->Values()) : std::nullopt);
+    TKxInterpolatedFunction::RecalculateCoeffs(FAkima);
 }
 
 void TKxAkimaFunction::WriteToIni(TKxIniList& list, const std::string& section)

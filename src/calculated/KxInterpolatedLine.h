@@ -19,6 +19,10 @@ public:
     virtual const TKxRealPosArray& GetMinima() const = 0;
     virtual const TKxRealPosArray& GetMaxima() const = 0;
     void WriteResults(TKxIniList& list, const std::string& section) override;
+
+protected:
+    /// From the parent's points within the calculation interval.
+    void RecalculateCoeffs(TKxIntPolynom& curve) const;
 };
 
 /// Akima's curve through the parent's points. Off linear X axes smoothing measures in decades.

@@ -4,11 +4,9 @@
 #include <cmath>
 #include <memory>
 
+#include "calculated/PreciseLanes.h"
 #include "host/CheckedMath.h"
 #include "host/Errors.h"
-
-// The operations below have to become part of the loops, which are compiled once for each kind of processor.
-#define PLOTKIT_INLINE [[gnu::always_inline]] inline
 
 namespace plotkit {
 
@@ -16,66 +14,29 @@ namespace {
 
 using TSize = std::size_t;
 
-/// The sum of two doubles of which the second is small.
+/// A number of about 106 bits. The error of a sum is below 2^-104 of its larger term: less than TDoubleDouble promises,
+/// in two thirds of the time.
 struct TPair
 {
     double High, Low;
+
+    TPair() = default;
+    constexpr TPair(double high, double low) : High(high), Low(low) {}
+    constexpr TPair(TDoubleDouble number) : High(number.High), Low(number.Low) {}
 };
 
 constexpr TPair Zero{0, 0};
 constexpr TPair Third{1.0 / 3, 0x1p-54 / 3};
 
-/// a b exactly, by the processor's fused product.
-struct TFusedProduct
-{
-    PLOTKIT_INLINE static TPair Of(double a, double b)
-    {
-        const double product = a * b;
-        return {product, __builtin_fma(a, b, -product)};
-    }
-};
-
-/// a b exactly, from halves: T. J. Dekker, Numer. Math. 18 (1971) 224.
-struct TSplitProduct
-{
-    PLOTKIT_INLINE static TPair Of(double a, double b)
-    {
-        constexpr double splitter = 0x1p27 + 1;
-        const double bigA = splitter * a, bigB = splitter * b;
-        const double highA = bigA - (bigA - a), highB = bigB - (bigB - b);
-        const double lowA = a - highA, lowB = b - highB;
-        const double product = a * b;
-        return {product, ((highA * highB - product) + highA * lowB + lowA * highB) + lowA * lowB};
-    }
-};
-
-PLOTKIT_INLINE TPair FastSum(double a, double b)
-{
-    const double sum = a + b;
-    return {sum, b - (sum - a)};
-}
-
-PLOTKIT_INLINE TPair Sum(double a, double b)
-{
-    const double sum = a + b;
-    const double shareOfB = sum - a;
-    return {sum, (a - (sum - shareOfB)) + (b - shareOfB)};
-}
-
-PLOTKIT_INLINE TPair operator-(TPair a)
-{
-    return {-a.High, -a.Low};
-}
-
 PLOTKIT_INLINE TPair operator+(TPair a, TPair b)
 {
-    const TPair sum = Sum(a.High, b.High);
-    return FastSum(sum.High, sum.Low + (a.Low + b.Low));
+    const TPair sum = TwoSum(a.High, b.High);
+    return FastTwoSum(sum.High, sum.Low + (a.Low + b.Low));
 }
 
 PLOTKIT_INLINE TPair operator-(TPair a, TPair b)
 {
-    return a + -b;
+    return a + TPair{-b.High, -b.Low};
 }
 
 PLOTKIT_INLINE TPair Twice(TPair a)
@@ -83,27 +44,27 @@ PLOTKIT_INLINE TPair Twice(TPair a)
     return {2 * a.High, 2 * a.Low};
 }
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE TPair Times(TPair a, TPair b)
 {
-    const TPair product = TProduct::Of(a.High, b.High);
-    return FastSum(product.High, product.Low + (a.High * b.Low + a.Low * b.High));
+    const TPair product = TArithmetic::Product(a.High, b.High);
+    return FastTwoSum(product.High, product.Low + (a.High * b.Low + a.Low * b.High));
 }
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE TPair Times(TPair a, double b)
 {
-    const TPair product = TProduct::Of(a.High, b);
-    return FastSum(product.High, product.Low + a.Low * b);
+    const TPair product = TArithmetic::Product(a.High, b);
+    return FastTwoSum(product.High, product.Low + a.Low * b);
 }
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE TPair Reciprocal(TPair a)
 {
     const double first = 1 / a.High;
-    const TPair product = TProduct::Of(a.High, first);
+    const TPair product = TArithmetic::Product(a.High, first);
     const double rest = ((1 - product.High) - product.Low) - a.Low * first;
-    return FastSum(first, first * rest);
+    return FastTwoSum(first, first * rest);
 }
 
 /// One row of the factored equations: multipliers, and the right-hand side divided by the pivot, later the solution.
@@ -111,7 +72,7 @@ struct TRow
 {
     TPair Next, AfterNext;
     TPair Value;
-    double Probe;  ///< the same for a right-hand side that shows the condition
+    double Probe;  ///< the solution for another right-hand side, which shows the condition
     double Scale;  ///< root of the diagonal entry
 };
 
@@ -129,25 +90,73 @@ struct TShare
     TPair Before, Across, Behind;
 };
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE TShare ShareOf(double penalty, double rateBefore, double rateBehind)
 {
-    const TPair before = TProduct::Of(penalty, rateBefore);
-    const TPair behind = TProduct::Of(penalty, rateBehind);
-    return {Times<TProduct>(before, rateBefore), Times<TProduct>(before, rateBehind),
-            Times<TProduct>(behind, rateBehind)};
+    const TPair before = TArithmetic::Product(penalty, rateBefore);
+    const TPair behind = TArithmetic::Product(penalty, rateBehind);
+    return {Times<TArithmetic>(before, rateBefore), Times<TArithmetic>(before, rateBehind),
+            Times<TArithmetic>(behind, rateBehind)};
 }
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE TPair ChordSlope(const TSystem& system, TSize i)
 {
     const std::span<double> y = system.Arrays.Y;
-    return Times<TProduct>(Sum(y[i + 1], -y[i]), system.Arrays.D[i]);
+    return Times<TArithmetic>(TwoSum(y[i + 1], -y[i]), system.Arrays.D[i]);
 }
 
 /// A pivot below this part of its diagonal entry is rounding. With the inverse of this condition the ordinates are
 /// still good to 1e-8 of the largest.
 constexpr double Faintest = 0x1p-90;
+
+[[noreturn]] void RaiseBadPivot(double pivot)
+{
+    throw EMathError(std::isfinite(pivot) ? "Approximative Spline: Matrix is not positive definite!"
+                                          : "Floating point overflow");
+}
+
+/// The diagonal entry, those of the next two unknowns, and the right-hand side.
+struct TEquation
+{
+    TPair Diagonal, Next, AfterNext, Value;
+};
+
+/// Makes the equations one after the other.
+template <class TArithmetic>
+class TEquations
+{
+public:
+    PLOTKIT_INLINE explicit TEquations(const TSystem& system)
+        : FSystem(system),
+          FBefore(ShareOf<TArithmetic>(Penalty(0), 0, Rate(0))),
+          FAt(ShareOf<TArithmetic>(Penalty(1), Rate(0), Rate(1))),
+          FSlope(ChordSlope<TArithmetic>(system, 0))
+    {}
+
+    PLOTKIT_INLINE TEquation Make(TSize k)
+    {
+        const TShare behind = ShareOf<TArithmetic>(Penalty(k + 2), Rate(k + 1), Rate(k + 2));
+        const TPair slope = ChordSlope<TArithmetic>(FSystem, k + 1);
+        const double width = FSystem.Width(k), nextWidth = FSystem.Width(k + 1);
+        const TEquation equation{FAt.Before + Twice(FAt.Across) + FAt.Behind + Twice(TwoSum(width, nextWidth)) +
+                                     FBefore.Behind + behind.Before,
+                                 TPair{nextWidth, 0} - (FAt.Across + FAt.Behind) - (behind.Before + behind.Across),
+                                 behind.Across, Times<TArithmetic>(slope - FSlope, 3)};
+        FBefore = FAt;
+        FAt = behind;
+        FSlope = slope;
+        return equation;
+    }
+
+private:
+    double Penalty(TSize i) const { return FSystem.Arrays.B[i]; }
+    double Rate(TSize i) const { return FSystem.Arrays.D[i]; }
+
+    const TSystem& FSystem;
+    TShare FBefore, FAt;
+    TPair FSlope;
+};
 
 /// What the rows above subtract from a row.
 struct TElimination
@@ -156,59 +165,44 @@ struct TElimination
     double Probe = 0;
 };
 
-[[noreturn]] void RaiseBadPivot(double pivot)
-{
-    throw EMathError(std::isfinite(pivot) ? "Approximative Spline: Matrix is not positive definite!"
-                                          : "Floating point overflow");
-}
-
-/// Sets up the equations row by row and eliminates downward.
-template <class TProduct>
+/// Sets up the equations and eliminates downward.
+template <class TArithmetic>
 PLOTKIT_INLINE void Eliminate(const TSystem& system)
 {
-    const std::span<const double> penalty = system.Arrays.B, rate = system.Arrays.D;
-    TShare before = ShareOf<TProduct>(penalty[0], 0, rate[0]), at = ShareOf<TProduct>(penalty[1], rate[0], rate[1]);
-    TPair slope = ChordSlope<TProduct>(system, 0);
+    TEquations<TArithmetic> equations(system);
     TElimination here, below;
-    for (TSize k = 0; k + 2 < penalty.size(); ++k) {
-        const TShare behind = ShareOf<TProduct>(penalty[k + 2], rate[k + 1], rate[k + 2]);
-        const TPair slopeBehind = ChordSlope<TProduct>(system, k + 1);
-        const double width = system.Width(k), widthBehind = system.Width(k + 1);
-        const TPair diagonal =
-            (at.Before + Twice(at.Across) + at.Behind) + Twice(Sum(width, widthBehind)) + before.Behind + behind.Before;
-        const TPair pivot = diagonal - here.Diagonal;
-        if (!(pivot.High > Faintest * diagonal.High))
+    for (TSize k = 0; k + 2 < system.Arrays.X.size(); ++k) {
+        const TEquation equation = equations.Make(k);
+        const TPair pivot = equation.Diagonal - here.Diagonal;
+        if (!(pivot.High > Faintest * equation.Diagonal.High))
             RaiseBadPivot(pivot.High);
-        const TPair next =
-            TPair{widthBehind, 0} - (at.Across + at.Behind) - (behind.Before + behind.Across) - here.Next;
-        const TPair value = Times<TProduct>(slopeBehind - slope, 3) - here.Value;
-        const TPair inverse = Reciprocal<TProduct>(pivot);
+        const TPair next = equation.Next - here.Next, value = equation.Value - here.Value;
+        const TPair afterNext = equation.AfterNext;
+        const TPair inverse = Reciprocal<TArithmetic>(pivot);
         TRow& row = system.Rows[k];
-        row.Next = Times<TProduct>(next, inverse);
-        row.AfterNext = Times<TProduct>(behind.Across, inverse);
-        row.Value = Times<TProduct>(value, inverse);
-        row.Scale = std::sqrt(diagonal.High);
+        row.Next = Times<TArithmetic>(next, inverse);
+        row.AfterNext = Times<TArithmetic>(afterNext, inverse);
+        row.Value = Times<TArithmetic>(value, inverse);
+        row.Scale = std::sqrt(equation.Diagonal.High);
         const double probe = row.Scale - here.Probe;
         row.Probe = probe * inverse.High;
-        here = {below.Diagonal + Times<TProduct>(row.Next, next), Times<TProduct>(row.Next, behind.Across),
-                below.Value + Times<TProduct>(row.Next, value), below.Probe + row.Next.High * probe};
-        below = {Times<TProduct>(row.AfterNext, behind.Across), Zero, Times<TProduct>(row.AfterNext, value),
+        here = {below.Diagonal + Times<TArithmetic>(row.Next, next), Times<TArithmetic>(row.Next, afterNext),
+                below.Value + Times<TArithmetic>(row.Next, value), below.Probe + row.Next.High * probe};
+        below = {Times<TArithmetic>(row.AfterNext, afterNext), Zero, Times<TArithmetic>(row.AfterNext, value),
                  row.AfterNext.High * probe};
-        before = at;
-        at = behind;
-        slope = slopeBehind;
     }
 }
 
 /// Solves upward.
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE void Substitute(const TSystem& system)
 {
     double condition = 0;
     TRow next{}, afterNext{};
     for (TSize k = system.Arrays.X.size() - 2; k-- > 0;) {
         TRow& row = system.Rows[k];
-        row.Value = row.Value - Times<TProduct>(row.AfterNext, afterNext.Value) - Times<TProduct>(row.Next, next.Value);
+        row.Value =
+            row.Value - Times<TArithmetic>(row.AfterNext, afterNext.Value) - Times<TArithmetic>(row.Next, next.Value);
         row.Probe = row.Probe - row.AfterNext.High * afterNext.Probe - row.Next.High * next.Probe;
         condition = std::max(condition, std::fabs(row.Probe) * row.Scale);
         afterNext = next;
@@ -219,7 +213,7 @@ PLOTKIT_INLINE void Substitute(const TSystem& system)
 }
 
 /// Ordinates and coefficients from the solution.
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE void FillSegments(const TSystem& system)
 {
     const TSplineArrays& arrays = system.Arrays;
@@ -229,12 +223,12 @@ PLOTKIT_INLINE void FillSegments(const TSystem& system)
     for (TSize i = 0; i < nodes; ++i) {
         const double rate = arrays.D[i];
         const TPair bendBehind = i + 2 < nodes ? system.Rows[i].Value : Zero;
-        const TPair jerk = Times<TProduct>(bendBehind - bend, rate);
-        const TPair pull = Times<TProduct>(Times<TProduct>(jerk - jerkBefore, arrays.B[i]), Third);
+        const TPair jerk = Times<TArithmetic>(bendBehind - bend, rate);
+        const TPair pull = Times<TArithmetic>(Times<TArithmetic>(jerk - jerkBefore, arrays.B[i]), Third);
         const TPair y = TPair{arrays.Y[i], 0} - pull;
         if (i > 0) {
-            const TPair bends = Times<TProduct>(Twice(bendBefore) + bend, system.Width(i - 1));
-            arrays.B[i - 1] = (Times<TProduct>(y - yBefore, rateBefore) - Times<TProduct>(bends, Third)).High;
+            const TPair bends = Times<TArithmetic>(Twice(bendBefore) + bend, system.Width(i - 1));
+            arrays.B[i - 1] = (Times<TArithmetic>(y - yBefore, rateBefore) - Times<TArithmetic>(bends, Third)).High;
         }
         arrays.Y[i] = y.High;
         arrays.C[i] = bend.High;
@@ -248,38 +242,29 @@ PLOTKIT_INLINE void FillSegments(const TSystem& system)
     arrays.B[nodes - 1] = arrays.B[nodes - 2];
 }
 
-template <class TProduct>
+template <class TArithmetic>
 PLOTKIT_INLINE void SolveWith(const TSystem& system)
 {
-    Eliminate<TProduct>(system);
-    Substitute<TProduct>(system);
-    FillSegments<TProduct>(system);
+    Eliminate<TArithmetic>(system);
+    Substitute<TArithmetic>(system);
+    FillSegments<TArithmetic>(system);
 }
 
-#if defined(__x86_64__)
+#ifdef PLOTKIT_FUSED_VARIANTS
 [[gnu::target("fma")]] void SolveFused(const TSystem& system)
 {
-    SolveWith<TFusedProduct>(system);
+    SolveWith<TFused>(system);
 }
+#endif
 
 void Solve(const TSystem& system)
 {
+#ifdef PLOTKIT_FUSED_VARIANTS
     if (__builtin_cpu_supports("fma"))
-        SolveFused(system);
-    else
-        SolveWith<TSplitProduct>(system);
-}
-#elif defined(FP_FAST_FMA)
-void Solve(const TSystem& system)
-{
-    SolveWith<TFusedProduct>(system);
-}
-#else
-void Solve(const TSystem& system)
-{
-    SolveWith<TSplitProduct>(system);
-}
+        return SolveFused(system);
 #endif
+    SolveWith<TUsual>(system);
+}
 
 bool AreFinite(std::span<const double> values)
 {

@@ -1,0 +1,33 @@
+#include "calculated/KxASplineIntegral.h"
+
+namespace plotkit {
+
+constinit const TClassInfo TKxASplineIntegral::Class{
+    "TKxASplineIntegral", &TKxApproxSplineSecondary::Class, {}, &CreateComponent<TKxASplineIntegral>};
+
+TKxASplineIntegral::~TKxASplineIntegral()
+{
+    BeginDestroy();
+}
+
+std::string TKxASplineIntegral::GetFormula() const
+{
+    return "Integration";
+}
+
+std::string TKxASplineIntegral::CalculationID() const
+{
+    return "Approximative Spline Integral";
+}
+
+void TKxASplineIntegral::CalculateFunction()
+{
+    RecalculateCoeffs();
+    GetXSpacings();
+    const auto samples = XResult().Values();
+    std::vector<double> integral;
+    FSpline.Integrate(samples, integral);
+    SetResult({samples.begin(), samples.end()}, std::move(integral));
+}
+
+}  // namespace plotkit
