@@ -266,7 +266,10 @@ void TKx2DGraph::SetParent(TWindowControl* parent)
 void TKx2DGraph::CMVisibleChanged()
 {
     TPanel::CMVisibleChanged();
+    if (!GetVisible())
+        FWorld->CancelDrags();  // the mouse is not captured any more
     FWorld->RefreshMarkers();
+    FWorld->RefreshOverlay();
 }
 
 void TKx2DGraph::CMTextChanged()
