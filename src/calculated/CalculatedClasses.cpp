@@ -2,14 +2,18 @@
 
 #include <array>
 
+#include "calculated/KxIntegral.h"
 #include "calculated/KxLinearRegression.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 1> Classes{
+constexpr std::array<const TClassInfo*, 4> Classes{
     &TKxLinearRegressionLine::Class,
+    &TKxInterpolatedLine::Class,
+    &TKxDifferential::Class,
+    &TKxIntegral::Class,
 };
 
 }  // namespace

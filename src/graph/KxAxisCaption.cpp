@@ -1,4 +1,6 @@
 #include <algorithm>
+#include <iterator>
+#include <vector>
 
 #include "graph/KxAxis.h"
 #include "graph/KxDateTimeTicks.h"
@@ -18,10 +20,17 @@ std::string TKxAxis::SeriesCaptions() const
     const TKx2DGraph* graph = GraphOf(*this);
     if (!graph)
         return {};
+    std::vector<const TKxPlottable*> users, derived;
+    for (TKxPlottable* series : graph->World().SeriesList()) {
+        if (series->UsesAxis(*this))
+            users.push_back(series);
+        std::copy_if(series->Childs().begin(), series->Childs().end(), std::back_inserter(derived),
+                     [this](const TKxPlottable* child) { return child->UsesAxis(*this); });
+    }
     std::string joined;
     int count = 0;
-    for (const TKxPlottable* series : graph->World().SeriesList()) {
-        if (!series->UsesAxis(*this) || series->GetCaption().empty())
+    for (const TKxPlottable* series : users.empty() ? derived : users) {
+        if (series->GetCaption().empty())
             continue;
         if (++count > MostCaptions)
             return {};

@@ -32,6 +32,7 @@ constexpr std::array GraphProperties{
     Property<&TKx2DGraph::GetCaption, &TKx2DGraph::SetCaption>("Caption"),
     TitleFontRow(),
     Property<&TKx2DGraph::GetAutoZoom, &TKx2DGraph::SetAutoZoom>("AutoZoom"),
+    Property<&TKx2DGraph::GetShareYAxes, &TKx2DGraph::SetShareYAxes>("ShareYAxes"),
 };
 
 /// The title. Its height counts in the layout.

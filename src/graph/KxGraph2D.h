@@ -59,6 +59,10 @@ public:
     bool GetZeroOrigin() const { return FZeroOrigin; }
     /// Whether the axes cross at zero.
     void SetZeroOrigin(bool zeroOrigin);
+    /// Whether derivatives and integrals are drawn on the Y axis of what they are computed from, not on one of their
+    /// own.
+    bool GetShareYAxes() const { return FShareYAxes; }
+    void SetShareYAxes(bool share) { FShareYAxes = share; }
     bool GetShowTitle() const { return FShowTitle; }
     void SetShowTitle(bool show);
     /// The panel's text; also the title's while that is shown.
@@ -136,6 +140,7 @@ private:
     bool FPaintingToMetafile = false;
     bool FZeroOrigin = false;
     bool FShowTitle = false;
+    bool FShareYAxes = false;
 };
 
 /// The graph that a part stands in: its parent, else its owner, whichever is a graph; nullptr when neither is.

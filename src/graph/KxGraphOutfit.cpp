@@ -56,6 +56,7 @@ void TKx2DGraph::SaveOutfit(const std::string& section, TKxIniList& list)
     list.WriteInteger(section, "SeriesCount", series.Count());
     for (int i = 0; i < series.Count(); ++i)
         series[i]->WriteToIni(list, SeriesSection(section, i + 1));
+    list.WriteBool(section, "ShareYAxes", FShareYAxes);
     ForEachAnnotation(section, [&](auto& part, const std::string& own) { part.SaveOutfit(own, list); });
 }
 
@@ -72,6 +73,7 @@ void TKx2DGraph::LoadOutfit(const std::string& section, TKxIniList& list)
     list.ReadLine(section, "MinorGridX", FMinorGridX);
     list.ReadLine(section, "MajorGridY", FMajorGridY);
     list.ReadLine(section, "MinorGridY", FMinorGridY);
+    SetShareYAxes(list.ReadBool(section, "ShareYAxes", FShareYAxes));  // series that find their parents ask for it
     for (TKxAxis* axis : AxesInside())
         axis->LoadOutfit(section + "." + axis->GetName(), list);
     const int saved = list.ReadInteger(section, "SeriesCount", 0);

@@ -1,0 +1,33 @@
+#include "calculated/KxIntegral.h"
+
+namespace plotkit {
+
+constinit const TClassInfo TKxIntegral::Class{
+    "TKxIntegral", &TKxInterpolatedSecondary::Class, {}, &CreateComponent<TKxIntegral>};
+
+TKxIntegral::~TKxIntegral()
+{
+    BeginDestroy();
+}
+
+std::string TKxIntegral::GetFormula() const
+{
+    return "Integration";
+}
+
+std::string TKxIntegral::CalculationID() const
+{
+    return "Integration";
+}
+
+void TKxIntegral::CalculateFunction()
+{
+    RecalculateCoeffs();
+    GetXSpacings();
+    const auto samples = XResult().Values();
+    std::vector<double> integral;
+    FAkima.Integrate(samples, integral);
+    SetResult({samples.begin(), samples.end()}, std::move(integral));
+}
+
+}  // namespace plotkit

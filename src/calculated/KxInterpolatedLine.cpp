@@ -1,0 +1,111 @@
+#include "calculated/KxInterpolatedLine.h"
+
+#include "foundation/KxLargeIni.h"
+#include "graph/KxAxis.h"
+
+namespace plotkit {
+
+namespace {
+
+// The range stands in front of the flag that setting it changes.
+constexpr std::array AkimaFunctionProperties{
+    Property<&TKxAkimaFunction::GetSmoothRange, &TKxAkimaFunction::SetSmoothRange>("SmoothRange"),
+    Property<&TKxAkimaFunction::GetDoSmoothing, &TKxAkimaFunction::SetDoSmoothing,
+             &TKxAkimaFunction::IsDoSmoothingStored>("DoSmoothing"),
+};
+
+void WriteExtrema(TKxIniList& list, const std::string& section, const std::string& kind, const TKxRealPosArray& extrema)
+{
+    int number = 0;
+    for (const TKxRealPos& extremum : extrema.Span()) {
+        const std::string key = kind + "(" + std::to_string(++number) + ")";
+        list.WriteReal(section, "X-" + key, extremum.Position);
+        list.WriteReal(section, "Y-" + key, extremum.Value);
+    }
+}
+
+std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
+{
+    return vector ? vector->Values() : std::span<const double>();
+}
+
+}  // namespace
+
+constinit const TClassInfo TKxInterpolatedFunction::Class{"TKxInterpolatedFunction", &TKxCalculatedSeries::Class, {}};
+constinit const TClassInfo TKxAkimaFunction::Class{"TKxAkimaFunction", &TKxInterpolatedFunction::Class,
+                                                   AkimaFunctionProperties};
+constinit const TClassInfo TKxInterpolatedLine::Class{
+    "TKxInterpolatedLine", &TKxAkimaFunction::Class, {}, &CreateComponent<TKxInterpolatedLine>};
+
+void TKxInterpolatedFunction::WriteResults(TKxIniList& list, const std::string& section)
+{
+    TKxCalculatedSeries::WriteResults(list, section);
+    WriteExtrema(list, section, "Minima", GetMinima());
+    WriteExtrema(list, section, "Maxima", GetMaxima());
+}
+
+void TKxAkimaFunction::SetDoSmoothing(bool smooth)
+{
+    if (smooth == GetDoSmoothing())
+        return;
+    FAkima.SetDoSmoothing(smooth);
+    SettingsChanged();
+}
+
+void TKxAkimaFunction::SetSmoothRange(double range)
+{
+    if (range == GetSmoothRange())
+        return;
+    FAkima.SetSmoothRange(range);
+    FAkima.SetDoSmoothing(true);
+    SettingsChanged();
+}
+
+void TKxAkimaFunction::RecalculateCoeffs()
+{
+    const TKxAxis* const axis = GetXAxis();
+    FAkima.SetSmoothLog(axis && axis->GetScaling() != AxNormal);
+    const TKxSeries* const parent = GetParentSeries();
+    const TKxCustomRealVector* const weight = GetWeight();
+    FAkima.RecalculateCoeffs(
+        GetCalculationStart(), GetCalculationStop(), ValuesOf(parent ? parent->GetXData() : nullptr),
+        ValuesOf(parent ? parent->GetYData() : nullptr), weight ? std::optional(weight->Values()) : std::nullopt);
+}
+
+void TKxAkimaFunction::WriteToIni(TKxIniList& list, const std::string& section)
+{
+    TKxInterpolatedFunction::WriteToIni(list, section);
+    list.WriteBool(section, "DoSmoothing", GetDoSmoothing());
+    list.WriteReal(section, "SmoothM", GetSmoothRange());
+}
+
+void TKxAkimaFunction::ReadFromIni(TKxIniList& list, const std::string& section)
+{
+    TKxInterpolatedFunction::ReadFromIni(list, section);
+    FAkima.SetDoSmoothing(list.ReadBool(section, "DoSmoothing", false));
+    FAkima.SetSmoothRange(list.ReadReal(section, "SmoothM", 0));
+}
+
+TKxInterpolatedLine::~TKxInterpolatedLine()
+{
+    BeginDestroy();
+}
+
+std::string TKxInterpolatedLine::GetFormula() const
+{
+    return "Interpolation";
+}
+
+std::string TKxInterpolatedLine::CalculationID() const
+{
+    return "Interpolation";
+}
+
+void TKxInterpolatedLine::CalculateFunction()
+{
+    RecalculateCoeffs();
+    FAkima.FindExtrema();
+    GetContinousLine();
+}
+
+}  // namespace plotkit
