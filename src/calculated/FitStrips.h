@@ -70,6 +70,11 @@ PLOTKIT_INLINE bool IsUsed(double x, double y, double start, double stop)
     return (x >= start) & (x <= stop) & (__builtin_fabs(x) <= Largest) & (__builtin_fabs(y) <= Largest);
 }
 
+PLOTKIT_INLINE bool IsWeight(double w)
+{
+    return (__builtin_fabs(w) <= Largest) & (w != 0);
+}
+
 // One strip in the units of the frame: t, w and w v; all zero where a point takes no part.
 struct TFramedStrip
 {
@@ -98,23 +103,24 @@ public:
         for (std::size_t i = 0; i < StripLength; ++i) {
             const double x = strip.X[i];
             const double y = strip.Y[i];
-            bool used = IsUsed(x, y, FStart, FStop);
-            double w = 1;
-            if constexpr (IsWeighted) {
-                w = strip.Weights[i];
-                used = used & (__builtin_fabs(w) <= Largest) & (w != 0);
-                w = FWeight(w < 0 ? FSign * w : w);
-            }
-            const TDoubleDouble t = TwoSum(x, -FCentre);
-            framed.T.High[i] = used ? FX(t.High) : 0;
-            framed.T.Low[i] = used ? FX(t.Low) : 0;
-            framed.V[i] = used ? FY(y) : 0;
+            const double w = IsWeighted ? strip.Weights[i] : 1;
+            const bool used = IsUsed(x, y, FStart, FStop) & IsWeight(w);
+            framed.T.High[i] = used ? x : FCentre;
+            framed.V[i] = used ? y : 0;
             framed.W.High[i] = used ? w : 0;
-            framed.W.Low[i] = 0;
         }
         for (std::size_t i = 0; i < StripLength; ++i) {
-            const TDoubleDouble product =
-                IsWeighted ? TArithmetic::Product(framed.W.High[i], framed.V[i]) : framed.V[i];
+            const TDoubleDouble t = TwoSum(framed.T.High[i], -FCentre);
+            const double v = FY(framed.V[i]);
+            const double w = framed.W.High[i];
+            const double sign = w < 0 ? FSign : 1;
+            const double scaled = IsWeighted ? FWeight(sign * w) : w;
+            const TDoubleDouble product = IsWeighted ? TArithmetic::Product(scaled, v) : v;
+            framed.T.High[i] = FX(t.High);
+            framed.T.Low[i] = FX(t.Low);
+            framed.V[i] = v;
+            framed.W.High[i] = scaled;
+            framed.W.Low[i] = 0;
             framed.WV.High[i] = product.High;
             framed.WV.Low[i] = product.Low;
         }

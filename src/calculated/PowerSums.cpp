@@ -31,14 +31,8 @@ struct TPowerKernel
             framer.template Load<TArithmetic, IsWeighted>(strips[s], strip);
             Add(strip.W, powers[0]);
             Add(strip.WV, products[0]);
-            for (std::size_t k = 1; k <= 2 * order; ++k) {
-                Multiply<TArithmetic>(strip.W, strip.T);
-                Add(strip.W, powers[k]);
-            }
-            for (std::size_t k = 1; k <= order; ++k) {
-                Multiply<TArithmetic>(strip.WV, strip.T);
-                Add(strip.WV, products[k]);
-            }
+            AddPowers<TArithmetic>(strip.W, strip.T, powers + 1, 2 * order);
+            AddPowers<TArithmetic>(strip.WV, strip.T, products + 1, order);
             if ((s + 1) % StripsPerRenewal == 0) {
                 Renew(powers, 2 * order + 1);
                 Renew(products, order + 1);
@@ -80,12 +74,13 @@ struct TSquareKernel
                 p.Low[i] = coefficients[order].Low;
             }
             for (std::size_t k = order; k-- > 0;) {
-                Multiply<TArithmetic>(p, strip.T);
                 const TDoubleDouble coefficient = coefficients[k];
                 for (std::size_t i = 0; i < StripLength; ++i) {
-                    const TDoubleDouble sum = TwoSum(p.High[i], coefficient.High);
+                    const TDoubleDouble product =
+                        Multiply<TArithmetic>({p.High[i], p.Low[i]}, {strip.T.High[i], strip.T.Low[i]});
+                    const TDoubleDouble sum = TwoSum(product.High, coefficient.High);
                     p.High[i] = sum.High;
-                    p.Low[i] += sum.Low + coefficient.Low;
+                    p.Low[i] = product.Low + (sum.Low + coefficient.Low);
                 }
             }
             for (std::size_t i = 0; i < StripLength; ++i) {
@@ -152,7 +147,7 @@ struct TRangeKernel
                 bool used = IsUsed(x, y, start, stop);
                 if constexpr (IsWeighted) {
                     const double w = strip.Weights[i];
-                    used = used & (__builtin_fabs(w) <= Largest) & (w != 0);
+                    used = used & IsWeight(w);
                     ranges.GreatestWeight[i] = Greater(used ? w : 0, ranges.GreatestWeight[i]);
                     ranges.LeastWeight[i] = Less(used ? w : 0, ranges.LeastWeight[i]);
                 }
