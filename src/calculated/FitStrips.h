@@ -65,14 +65,15 @@ private:
     TLanes FLastWeights;
 };
 
-PLOTKIT_INLINE bool IsUsed(double x, double y, double start, double stop)
+// Integers: compilers would make branches of logical values.
+PLOTKIT_INLINE int IsUsed(double x, double y, double start, double stop)
 {
-    return (x >= start) & (x <= stop) & (__builtin_fabs(x) <= Largest) & (__builtin_fabs(y) <= Largest);
+    return int{x >= start} & int{x <= stop} & int{__builtin_fabs(x) <= Largest} & int{__builtin_fabs(y) <= Largest};
 }
 
-PLOTKIT_INLINE bool IsWeight(double w)
+PLOTKIT_INLINE int IsWeight(double w)
 {
-    return (__builtin_fabs(w) <= Largest) & (w != 0);
+    return int{__builtin_fabs(w) <= Largest} & int{w != 0};
 }
 
 // One strip in the units of the frame: t, w and w v; all zero where a point takes no part.
@@ -104,7 +105,7 @@ public:
             const double x = strip.X[i];
             const double y = strip.Y[i];
             const double w = IsWeighted ? strip.Weights[i] : 1;
-            const bool used = IsUsed(x, y, FStart, FStop) & IsWeight(w);
+            const bool used = (IsUsed(x, y, FStart, FStop) & IsWeight(w)) != 0;
             framed.T.High[i] = used ? x : FCentre;
             framed.V[i] = used ? y : 0;
             framed.W.High[i] = used ? w : 0;

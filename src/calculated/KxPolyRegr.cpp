@@ -34,9 +34,8 @@ void Clear(TKxPolynomRegessionResults& results)
     const std::int32_t order = results.Order;
     results = {};
     results.Order = order;
-    const auto count = static_cast<std::size_t>(std::min(order, HighestOrder)) + 1;
-    results.Coeffs.Resize(count);
-    results.CoeffRests.Resize(count);
+    results.Coeffs.Resize(CoefficientCount(order));
+    results.CoeffRests.Resize(CoefficientCount(order));
 }
 
 std::vector<TDoubleDouble> SolveNormalEquations(const TPowerSums& sums, std::size_t size)
@@ -140,6 +139,11 @@ void Fit(TFitPoints points, TKxPolynomRegessionResults& results)
 }
 
 }  // namespace
+
+std::size_t CoefficientCount(std::int32_t order)
+{
+    return static_cast<std::size_t>(std::min(order, HighestOrder)) + 1;
+}
 
 void PolynomRegression(double start, double stop, std::span<const double> x, std::span<const double> y,
                        TKxPolynomRegessionResults& results)

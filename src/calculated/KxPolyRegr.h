@@ -22,6 +22,9 @@ struct TKxPolynomRegessionResults
     TKxRealArray CoeffRests;  ///< what the rounding to doubles took from `Coeffs`
 };
 
+/// How many coefficients are kept: `order` + 1, but for orders so high that no points determine them.
+std::size_t CoefficientCount(std::int32_t order);
+
 /// Fits the points with start <= x <= stop; those with a value that is missing or infinite take no part. The normal
 /// equations are summed and solved with about 106 bits, for abscissae counted from their middle, which has the same
 /// solution. EMathError "Not enough data!" for fewer than `Order` + 1 points, and the messages of

@@ -144,10 +144,10 @@ struct TRangeKernel
             for (std::size_t i = 0; i < StripLength; ++i) {
                 const double x = strip.X[i];
                 const double y = __builtin_fabs(strip.Y[i]);
-                bool used = IsUsed(x, y, start, stop);
+                int used = IsUsed(x, y, start, stop);
                 if constexpr (IsWeighted) {
                     const double w = strip.Weights[i];
-                    used = used & IsWeight(w);
+                    used &= IsWeight(w);
                     ranges.GreatestWeight[i] = Greater(used ? w : 0, ranges.GreatestWeight[i]);
                     ranges.LeastWeight[i] = Less(used ? w : 0, ranges.LeastWeight[i]);
                 }
