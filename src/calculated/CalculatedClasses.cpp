@@ -2,13 +2,15 @@
 
 #include <array>
 
+#include "calculated/KxLinearRegression.h"
 #include "calculated/KxPolinomial.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 1> Classes{
+constexpr std::array<const TClassInfo*, 2> Classes{
+    &TKxLinearRegressionLine::Class,
     &TKxPolynomLine::Class,
 };
 
