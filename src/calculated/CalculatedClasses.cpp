@@ -4,16 +4,15 @@
 
 #include "calculated/KxIntegral.h"
 #include "calculated/KxLinearRegression.h"
+#include "calculated/KxPolinomial.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 4> Classes{
-    &TKxLinearRegressionLine::Class,
-    &TKxInterpolatedLine::Class,
-    &TKxDifferential::Class,
-    &TKxIntegral::Class,
+constexpr std::array<const TClassInfo*, 5> Classes{
+    &TKxLinearRegressionLine::Class, &TKxPolynomLine::Class, &TKxInterpolatedLine::Class,
+    &TKxDifferential::Class,         &TKxIntegral::Class,
 };
 
 }  // namespace
