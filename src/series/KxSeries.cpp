@@ -103,6 +103,9 @@ void TKxSeries::LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis)
         Modified();
     if (axis && dynamic_cast<TKxLiveVector*>(direction.Data))
         direction.EnterAxis();
+    for (TKxPlottable* const item : std::vector(FChilds.Items()))
+        if (auto* const child = FChilds.IndexOf(item) < 0 ? nullptr : dynamic_cast<TKxSeries*>(item))
+            child->ParentAxesChanged();
 }
 
 void TKxSeries::SetXAxis(TKxAxis* axis)
@@ -171,6 +174,8 @@ void TKxSeries::SetWeight(TKxCustomRealVector* vector)
     if (FWeight)
         FWeight->ChangedList().Add(FWeightEvent);
     FChildsNeedRecalc = true;
+    if (World())
+        World()->Invalidate();
 }
 
 void TKxSeries::FOnWeightChanged(int, bool)
@@ -213,29 +218,6 @@ void TKxSeries::DsgnUpdate()
         graph->Modified();
 }
 
-void TKxSeries::AddChild(TKxSeries* child)
-{
-    FChilds.Remove(child);
-    FChilds.Add(child);
-    WatchFor(child);
-}
-
-void TKxSeries::RemoveChild(TKxSeries* child)
-{
-    FChilds.Remove(child);
-    StopWatching(child);
-}
-
-void TKxSeries::RecalculateChilds()
-{
-    for (TKxPlottable* const item : std::vector(FChilds.Items())) {
-        auto* const child = FChilds.IndexOf(item) < 0 ? nullptr : dynamic_cast<TKxSeries*>(item);
-        if (child && child->IsCalculated())
-            child->Calculate();
-    }
-    FChildsNeedRecalc = false;
-}
-
 void TKxSeries::Loaded()
 {
     TKxCaptionedSeries::Loaded();
@@ -258,7 +240,8 @@ void TKxSeries::Notification(TComponent* component, TOperation operation)
             FChilds.Remove(child);
     if (component == FWeight) {
         FWeight = nullptr;
-        FChildsNeedRecalc = true;
+        if (!IsDestroying())
+            FOnWeightChanged(-1, true);
     }
     bool axisGone = false, dataGone = false;
     for (TKxSeriesDirection* direction : {&FX, &FY}) {

@@ -69,15 +69,18 @@ public:
     void RangesModified();
     /// While designing, points and graph follow at once.
     void DsgnUpdate();
+    /// All children are calculated, also behind one that fails; then the error of that one is passed on, or an
+    /// EMathError with the messages of all that failed, a line each.
     void RecalculateChilds();
     void CalculatePoints() override;
     void DrawLine() override;
     void PrepareHidden() override { PrepareDrawing(); }
 
-    /// Calculated children are known by the next three alone.
+    /// Calculated children are known by the next four alone.
     virtual bool IsCalculated() const { return false; }
     virtual void Calculate() {}
     virtual void CalculateLine() {}
+    virtual void ParentAxesChanged() {}
     /// Top-level children in drawing order; they are destroyed with this series.
     TKxSeriesList& Childs() override { return FChilds; }
     void AddChild(TKxSeries* child);
@@ -132,6 +135,8 @@ private:
     void DataLinked();
     /// False when the points have to wait for the axes to take over new ranges.
     bool RenewRanges();
+    /// An error that stays the same is passed on once: each paint of live data would bring it up again.
+    void BringChildsUpToDate();
     void DrawArea(TCanvas& canvas);
     void DrawPolylines(TCanvas& canvas);
     void TestOrder();
@@ -142,6 +147,7 @@ private:
     TKxAreaStyle FAreaStyle{this};
     std::unique_ptr<TTimer> FOrderTimer;
     TKxSeriesList FChilds;
+    std::string FChildError;  ///< passed on last
     TColor FBackColor = clWindow;
     int FLastComponentIndex = -1;
     bool FPointsNeedRecalc = true;

@@ -47,8 +47,9 @@ bool TKxSeries::PrepareDrawing()
     {
         const TKxGraphUpdate update(Graph());
         BringPointsUpToDate();
-        if (FChildsNeedRecalc)
-            RecalculateChilds();
+        // Children look at the axes, which take over new ranges first.
+        if (FChildsNeedRecalc && !FAwaitsAxes)
+            BringChildsUpToDate();
     }
     return World() && !GraphIsUpdating() && !FAwaitsAxes;
 }

@@ -1,4 +1,5 @@
 #include <string>
+#include <vector>
 
 #include "foundation/KxLargeIni.h"
 #include "graph/KxAxis.h"
@@ -46,9 +47,10 @@ void TKxSeries::ReadFromIni(TKxIniList& list, const std::string& section)
     if (TKxCustomRealVector* vector = FWeight; list.ReadComponentRef(section, "Weight", vector))
         SetWeight(vector);
     const int saved = list.ReadInteger(section, "ChildCount", 0);
-    if (saved > 0)
-        for (int i = 0; i < FChilds.Count(); ++i)
-            FChilds[i]->ReadFromIni(list, ChildSection(section, i % saved + 1));
+    int number = 0;
+    // A child may be read into the hands of another parent.
+    for (TKxPlottable* const child : saved > 0 ? std::vector(FChilds.Items()) : std::vector<TKxPlottable*>())
+        child->ReadFromIni(list, ChildSection(section, number++ % saved + 1));
 }
 
 }  // namespace plotkit

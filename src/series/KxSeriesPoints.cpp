@@ -12,6 +12,11 @@ namespace plotkit {
 
 namespace {
 
+bool HasNewScaling(const TKxSeriesDirection& direction)
+{
+    return direction.Mapping && direction.Mapping->Scaling != direction.Axis->GetScaling();
+}
+
 TPoint DataOrigin(const TKxSeries& series)
 {
     return series.World() ? series.World()->DataRect().TopLeft() : TPoint{};
@@ -134,13 +139,16 @@ void TKxSeries::CalculatePoints()
             continue;
         if (auto* const child = dynamic_cast<TKxSeries*>(item); child && child->IsCalculated())
             child->CalculateLine();
-        item->Modified();
+        if (FChilds.IndexOf(item) >= 0)
+            item->Modified();
     }
     if (HasOwnPointRule())
         for (int i = 0; i < FPointsCount; ++i)
             CalculatePoint(i);
     else
         MapPoints(0, FPointsCount);
+    if (HasNewScaling(FX) || HasNewScaling(FY))
+        FChildsNeedRecalc = true;
     FX.Mapping = FX.Axis->Mapping();
     FY.Mapping = FY.Axis->Mapping();
     FPointsNeedRecalc = false;

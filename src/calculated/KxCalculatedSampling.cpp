@@ -1,0 +1,84 @@
+#include <algorithm>
+#include <cmath>
+#include <cstdlib>
+#include <limits>
+
+#include "calculated/KxCalculatedSeries.h"
+#include "graph/KxAxis.h"
+
+namespace plotkit {
+
+namespace {
+
+constexpr std::int64_t MostSpacings = 1 << 16;      // a zoomed axis would ask for billions
+constexpr std::int64_t SpacingsWithoutAxis = 1000;  // nothing is drawn, but the curve can be read
+
+}  // namespace
+
+std::vector<double> TKxCalculatedSeries::Spacings()
+{
+    std::vector<double> xs;
+    const TKxAxis* const axis = GetXAxis();
+    std::int64_t width = SpacingsWithoutAxis;
+    if (axis)
+        width = std::abs(std::int64_t{axis->RealToIntPosition(FDisplayStop)} - axis->RealToIntPosition(FDisplayStart));
+    const bool isCoarse = width > MostSpacings;
+    width = std::min(width, MostSpacings);
+    const double step = (FDisplayStop - FDisplayStart) / static_cast<double>(width + 1);
+    xs.reserve(static_cast<std::size_t>(width) + 2);
+    double x = FDisplayStart;
+    while (x <= FDisplayStop) {
+        xs.push_back(x);
+        const double next = x + step;
+        if (!(next > x))
+            break;  // no room between two doubles
+        x = next;
+    }
+    if (!axis)
+        return xs;
+    // Too coarse for what the axis shows: sampled again for that before it is drawn.
+    FLastAxisStart = isCoarse ? std::numeric_limits<double>::quiet_NaN() : axis->GetStart();
+    FLastAxisStop = axis->GetStop();
+    return xs;
+}
+
+void TKxCalculatedSeries::GetXSpacings()
+{
+    FXResult->Take(Spacings());
+}
+
+void TKxCalculatedSeries::GetContinousLine()
+{
+    std::vector<double> xs = Spacings();
+    std::vector<double> ys(xs.size());
+    std::transform(xs.begin(), xs.end(), ys.begin(), [this](double x) { return GetY(x); });
+    SetResult(std::move(xs), std::move(ys));
+}
+
+void TKxCalculatedSeries::CalculateLine()
+{
+    const TKxAxis* const axis = GetXAxis();
+    if (!axis || FXResult->GetCount() == 0)
+        return;
+    if (axis->GetStart() == FLastAxisStart && axis->GetStop() == FLastAxisStop)
+        return;
+    FLastAxisStart = axis->GetStart();
+    FLastAxisStop = axis->GetStop();
+    Attempt([this] { Resample(std::max(FDisplayStart, FLastAxisStart), std::min(FDisplayStop, FLastAxisStop)); });
+}
+
+void TKxCalculatedSeries::Resample(double start, double stop)
+{
+    const auto xs = FXResult->WriteInPlace();
+    const auto ys = FYResult->WriteInPlace();
+    const std::size_t count = std::min(xs.size(), ys.size());
+    // The last sample lies one step short of the end on purpose.
+    const double parts = static_cast<double>(xs.size() + 1);
+    for (std::size_t i = 0; i < count; ++i) {
+        xs[i] = start + static_cast<double>(i) * (stop - start) / parts;
+        // Where the axis shows nothing of the display interval there is no curve.
+        ys[i] = start <= stop ? GetY(xs[i]) : std::numeric_limits<double>::quiet_NaN();
+    }
+}
+
+}  // namespace plotkit
