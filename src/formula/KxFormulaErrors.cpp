@@ -3,6 +3,8 @@
 #include <muParser.h>
 
 #include <algorithm>
+#include <string>
+#include <vector>
 
 #include "formula/KxFormula.h"
 #include "formula/KxFormulaText.h"
@@ -27,9 +29,18 @@ constexpr std::string_view OtherCharacters = "+-*/^(), ";
                         " expected, " + found + " found");
 }
 
-bool IsFunction(std::string_view word)
+const TKxFormulaFunction* FindFunction(std::string_view word)
 {
-    return std::ranges::any_of(FormulaFunctionTable(), [&](const auto& entry) { return entry.Name == word; });
+    const auto table = FormulaFunctionTable();
+    const auto found = std::ranges::find(table, word, &TKxFormulaFunction::Name);
+    return found == table.end() ? nullptr : &*found;
+}
+
+/// In the bracket that follows a name, or anything else.
+std::size_t CommasOf(std::string_view name)
+{
+    const TKxFormulaFunction* const function = FindFunction(name);
+    return function && function->Two ? 1 : 0;
 }
 
 /// What may stand at a byte, judged by what stands before it.
@@ -47,7 +58,7 @@ bool IsFunction(std::string_view word)
     if (position < plain.size()) {
         const std::string_view word = FormulaWordAt(plain, position);
         const std::size_t behind = std::min(plain.find_first_not_of(' ', position + word.size()), plain.size());
-        if (IsFunction(word))
+        if (FindFunction(word))
             Raise(plain, behind, "\"(\"");
         if (WordCharacters.find(word[0]) != std::string_view::npos && behind < plain.size() && plain[behind] == '(')
             Raise(plain, position, "one of the functions " + std::string(FormulaFunctions()));
@@ -59,14 +70,25 @@ bool IsFunction(std::string_view word)
 
 void CheckFormulaText(std::string_view plain)
 {
-    int depth = 0;
-    for (std::size_t i = 0; i < plain.size(); ++i) {
-        const char c = plain[i];
-        depth += c == '(' ? 1 : c == ')' ? -1 : 0;
-        const bool isKnown =
-            WordCharacters.find(c) != std::string_view::npos || OtherCharacters.find(c) != std::string_view::npos;
-        if (!isKnown || (c == ',' && depth <= 0))
+    std::vector<std::size_t> commas;  // that may still come, for each bracket that is open
+    std::string_view name;
+    for (std::size_t i = 0; i < plain.size();) {
+        const std::string_view word = FormulaWordAt(plain, i);
+        if (WordCharacters.find(word[0]) == std::string_view::npos &&
+            OtherCharacters.find(word[0]) == std::string_view::npos)
             RaiseAt(plain, i);
+        if (word == "(") {
+            commas.push_back(CommasOf(name));
+        } else if (word == ")" && !commas.empty()) {
+            commas.pop_back();
+        } else if (word == ",") {
+            if (commas.empty() || commas.back() == 0)
+                RaiseAt(plain, i);
+            --commas.back();
+        }
+        if (word != " ")
+            name = word;
+        i += word.size();
     }
 }
 
@@ -74,8 +96,6 @@ void CheckFormulaText(std::string_view plain)
 {
     const std::size_t at = position < 0 ? 0 : static_cast<std::size_t>(position);
     switch (code) {
-        case mu::ecTOO_MANY_PARAMS:
-            Raise(plain, at, "\")\"");
         case mu::ecTOO_FEW_PARAMS:
             if (at > 0 && plain[std::min(at, plain.size()) - 1] != '(')
                 Raise(plain, at, "\",\"");
