@@ -5,6 +5,7 @@
 #include <iostream>
 #include <new>
 
+#include "formula/KxFormula.h"
 #include "graph/KxCaption.h"
 #include "host/Errors.h"
 #include "host/StringList.h"
@@ -97,6 +98,7 @@ int Run(int count, char** arguments)
     QApplication::setApplicationVersion(QString::fromStdString(ProgramVersion()));
     TQtHost host;
     const THostGuard guard(host);
+    UseTypedFormulas();
     if (options.Command == pcShow)
         PrepareShow(options);
     std::unique_ptr<TDocument> document;

@@ -101,8 +101,7 @@ std::string CoefficientLetters(std::string_view plain)
             letters += word[0];
     }
     std::ranges::sort(letters);
-    const auto repeated = std::ranges::unique(letters);
-    letters.erase(repeated.begin(), repeated.end());
+    letters.erase(std::unique(letters.begin(), letters.end()), letters.end());
     return letters;
 }
 
