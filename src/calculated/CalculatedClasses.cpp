@@ -3,12 +3,14 @@
 #include <array>
 
 #include "calculated/KxFittedLine.h"
+#include "calculated/KxLinearRegression.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 1> Classes{
+constexpr std::array<const TClassInfo*, 2> Classes{
+    &TKxLinearRegressionLine::Class,
     &TKxFittedLine::Class,
 };
 

@@ -2,6 +2,7 @@
 #include <cmath>
 #include <cstdlib>
 #include <limits>
+#include <utility>
 
 #include "calculated/KxCalculatedSeries.h"
 #include "graph/KxAxis.h"
@@ -22,7 +23,7 @@ std::vector<double> TKxCalculatedSeries::Spacings()
     std::int64_t width = SpacingsWithoutAxis;
     if (axis)
         width = std::abs(std::int64_t{axis->RealToIntPosition(FDisplayStop)} - axis->RealToIntPosition(FDisplayStart));
-    const bool isCoarse = width > MostSpacings;
+    FCoarse = width > MostSpacings;
     width = std::min(width, MostSpacings);
     const double step = (FDisplayStop - FDisplayStart) / static_cast<double>(width + 1);
     xs.reserve(static_cast<std::size_t>(width) + 2);
@@ -34,11 +35,10 @@ std::vector<double> TKxCalculatedSeries::Spacings()
             break;  // no room between two doubles
         x = next;
     }
-    if (!axis)
-        return xs;
-    // Too coarse for what the axis shows: sampled again for that before it is drawn.
-    FLastAxisStart = isCoarse ? std::numeric_limits<double>::quiet_NaN() : axis->GetStart();
-    FLastAxisStop = axis->GetStop();
+    if (axis) {
+        FLastAxisStart = axis->GetStart();
+        FLastAxisStop = axis->GetStop();
+    }
     return xs;
 }
 
@@ -53,6 +53,17 @@ void TKxCalculatedSeries::GetContinousLine()
     std::vector<double> ys(xs.size());
     std::transform(xs.begin(), xs.end(), ys.begin(), [this](double x) { return GetY(x); });
     SetResult(std::move(xs), std::move(ys));
+}
+
+/// False when that failed; this series may then be gone.
+bool TKxCalculatedSeries::RefineCoarseCurve()
+{
+    if (!std::exchange(FCoarse, false))
+        return true;
+    const auto alive = Lifeline().Watch();
+    FLastAxisStart = std::numeric_limits<double>::quiet_NaN();
+    CalculateLine();
+    return !alive.expired() && FXResult->GetCount() > 0;
 }
 
 void TKxCalculatedSeries::CalculateLine()

@@ -181,7 +181,7 @@ void TKxCalculatedSeries::Calculate()
 {
     SetLimits();
     ClearResult();
-    if (!Attempt([this] { CalculateFunction(); }))
+    if (!Attempt([this] { CalculateFunction(); }) || !RefineCoarseCurve())
         return;
     TakeFormulaAsCaption();
     Modified();

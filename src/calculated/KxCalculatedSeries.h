@@ -138,6 +138,7 @@ private:
     void TakeFormulaAsCaption();
     void Resample(double start, double stop);
     std::vector<double> Spacings();
+    bool RefineCoarseCurve();
     std::string ParentSection() const;
     void Publish();
     void Withdraw();
@@ -153,6 +154,7 @@ private:
     std::optional<std::string> FOwnSection, FParentSection;  ///< where the results stand now
     double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
     double FLastAxisStart = 0, FLastAxisStop = 0;
+    bool FCoarse = false;  ///< sampled at less than each pixel of what the axis shows
     bool FAutoStart = true, FAutoStop = true, FDisplayAutoStart = true, FDisplayAutoStop = true;
     bool FCoupled = true, FParentWeight = true;
     bool FParentWeightRead = false;  ///< a form that is being read said so itself
