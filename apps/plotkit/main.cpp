@@ -5,6 +5,7 @@
 #include <iostream>
 #include <new>
 
+#include "formula/KxFormula.h"
 #include "graph/KxCaption.h"
 #include "host/Errors.h"
 #include "host/StringList.h"
@@ -100,6 +101,7 @@ int Run(int count, char** arguments)
     TQtHost host;
     const THostGuard guard(host);
     const TSchemeChoice scheme = options.Scheme;
+    UseTypedFormulas();
     if (options.Command == pcShow)
         PrepareShow(options);
     std::unique_ptr<TDocument> document;

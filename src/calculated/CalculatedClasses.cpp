@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "calculated/KxFittedLine.h"
 #include "calculated/KxIntegral.h"
 #include "calculated/KxLinearRegression.h"
 #include "calculated/KxPolinomial.h"
@@ -10,9 +11,9 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 5> Classes{
+constexpr std::array<const TClassInfo*, 6> Classes{
     &TKxLinearRegressionLine::Class, &TKxPolynomLine::Class, &TKxInterpolatedLine::Class,
-    &TKxDifferential::Class,         &TKxIntegral::Class,
+    &TKxDifferential::Class,         &TKxIntegral::Class,    &TKxFittedLine::Class,
 };
 
 }  // namespace
