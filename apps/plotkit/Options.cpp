@@ -210,6 +210,24 @@ void AddReadingOptions(CLI::App& app, TTexts& texts)
     app.add_option("--dates", texts.Dates, "How 1/2/2012 is read: dmy or mdy")->type_name("ORDER");
 }
 
+/// What is written and how.
+void ReadPicture(const CLI::App& command, TOptions& options)
+{
+    const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
+    if (options.Output.empty())
+        Fail("--output", "name the picture to be written, such as -o graph.png");
+    const auto format = PictureFormatOf(options.Output);
+    if (!format)
+        Fail("--output", "\"" + options.Output + "\" does not end in .png, .svg or .pdf, which say what is written");
+    options.Format = *format;
+    if (options.Format != pfPng && command.count("--dpi"))
+        Fail("--dpi", noPixels);
+    if (options.Format != pfPng && options.Antialias)
+        Fail("--antialias", noPixels);
+    if (options.Format != pfPng && std::max(options.Width, options.Height) > MaxVectorSide)
+        Fail("--size", "a page is at most " + std::to_string(MaxVectorSide) + " 1/96 inches wide and high");
+}
+
 void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
 {
     const auto given = [&](const char* name, const std::string& text) {
@@ -242,21 +260,8 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     ReadSize(texts, options);
     ReadReading(command, texts, options.Reading);
     ReadFile(command, texts, options);
-    const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
-    if (options.Command != pcRender)
-        return;
-    if (options.Output.empty())
-        Fail("--output", "name the picture to be written, such as -o graph.png");
-    const auto format = PictureFormatOf(options.Output);
-    if (!format)
-        Fail("--output", "\"" + options.Output + "\" does not end in .png, .svg or .pdf, which say what is written");
-    options.Format = *format;
-    if (options.Format != pfPng && command.count("--dpi"))
-        Fail("--dpi", noPixels);
-    if (options.Format != pfPng && options.Antialias)
-        Fail("--antialias", noPixels);
-    if (options.Format != pfPng && std::max(options.Width, options.Height) > MaxVectorSide)
-        Fail("--size", "a page is at most " + std::to_string(MaxVectorSide) + " 1/96 inches wide and high");
+    if (options.Command == pcRender)
+        ReadPicture(command, options);
 }
 
 }  // namespace
