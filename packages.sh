@@ -2,7 +2,7 @@
 # Sourced by run.sh and test.sh.
 
 plotkit_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev libcli11-dev
-    fonts-liberation)
+    libmuparser-dev fonts-liberation)
 plotkit_test_packages=(libgtest-dev clang python3 desktop-file-utils)
 
 plotkit_install() {

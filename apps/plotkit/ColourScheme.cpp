@@ -7,6 +7,7 @@ namespace plotkit {
 namespace {
 
 using TColours = std::array<TColor, SchemeColours>;
+using TPalette = std::array<TColor, SchemeColours / 2>;
 
 constexpr TColor Mixed(TColor a, TColor b, int percentOfA)
 {
@@ -14,6 +15,18 @@ constexpr TColor Mixed(TColor a, TColor b, int percentOfA)
         return static_cast<std::uint8_t>((x * percentOfA + y * (100 - percentOfA)) / 100);
     };
     return RgbColor(part(RedOf(a), RedOf(b)), part(GreenOf(a), GreenOf(b)), part(BlueOf(a), BlueOf(b)));
+}
+
+/// The palette, and once more in shades towards `shade`: two series look the same no sooner than after both.
+constexpr TColours CurvesOf(const TPalette& palette, TColor shade, TColor last)
+{
+    TColours curves{};
+    for (std::size_t i = 0; i < palette.size(); ++i) {
+        curves[i] = palette[i];
+        curves[palette.size() + i] = Mixed(palette[i], shade, 55);
+    }
+    curves.back() = last;
+    return curves;
 }
 
 constexpr TColours AreasOf(const TColours& curves, TColor paper, int percent)
@@ -26,19 +39,23 @@ constexpr TColours AreasOf(const TColours& curves, TColor paper, int percent)
 
 // Told apart with every kind of colour vision (M. Okabe, K. Ito, "Color Universal Design", 2008); without the yellow,
 // which is too pale on white.
-constexpr TColours LightCurves{RgbColor(0, 114, 178),   RgbColor(213, 94, 0),   RgbColor(0, 158, 115),
-                               RgbColor(204, 121, 167), RgbColor(86, 180, 233), RgbColor(230, 159, 0),
-                               RgbColor(0, 0, 0)};
+constexpr TPalette LightPalette{RgbColor(0, 114, 178),   RgbColor(213, 94, 0),   RgbColor(0, 158, 115),
+                                RgbColor(204, 121, 167), RgbColor(86, 180, 233), RgbColor(230, 159, 0),
+                                RgbColor(0, 0, 0)};
 constexpr TColor DarkPaper = RgbColor(30, 30, 32);
 constexpr TColor DarkInk = RgbColor(222, 222, 222);
 /// The same hues, each as far from the dark paper as its counterpart is from white.
-constexpr TColours DarkCurves{RgbColor(64, 160, 224),
-                              RgbColor(240, 126, 50),
-                              RgbColor(20, 188, 142),
-                              RgbColor(222, 148, 190),
-                              RgbColor(142, 208, 246),
-                              RgbColor(244, 182, 48),
-                              DarkInk};
+constexpr TPalette DarkPalette{RgbColor(64, 160, 224),
+                               RgbColor(240, 126, 50),
+                               RgbColor(20, 188, 142),
+                               RgbColor(222, 148, 190),
+                               RgbColor(142, 208, 246),
+                               RgbColor(244, 182, 48),
+                               DarkInk};
+
+// Black has no darker shade and nearly white no lighter one.
+constexpr TColours LightCurves = CurvesOf(LightPalette, clBlack, RgbColor(128, 128, 128));
+constexpr TColours DarkCurves = CurvesOf(DarkPalette, clWhite, RgbColor(140, 140, 140));
 
 constexpr TColourScheme Light{
     clWhite, clBlack, RgbColor(216, 216, 216), RgbColor(238, 238, 238), LightCurves, AreasOf(LightCurves, clWhite, 28)};

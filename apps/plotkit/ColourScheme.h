@@ -8,7 +8,7 @@
 
 namespace plotkit {
 
-inline constexpr std::size_t SchemeColours = 7;
+inline constexpr std::size_t SchemeColours = 14;
 
 struct TColourScheme
 {

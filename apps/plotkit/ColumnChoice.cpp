@@ -58,6 +58,7 @@ TChosenColumn Chosen(const TCsvColumn& column)
     chosen.IsUniversal = column.IsUniversal;
     chosen.Sources = {column.Number - 1};
     chosen.Values = column.Values;
+    chosen.RowCount = column.Values.Length();
     chosen.ValueCount = column.ValueCount;
     chosen.BadCount = column.BadCount;
     chosen.FirstBad = column.FirstBad;
@@ -81,7 +82,7 @@ TChosenColumn RowNumbers(const TCsvTable& table)
     TChosenColumn chosen;
     chosen.Name = chosen.Caption = "row number";
     chosen.Values = TArray<double>(std::move(numbers));
-    chosen.ValueCount = table.RowCount;
+    chosen.RowCount = chosen.ValueCount = table.RowCount;
     return chosen;
 }
 
@@ -301,7 +302,7 @@ std::string DescribeChoice(const TColumnChoice& choice)
     for (std::size_t i = 0; i < choice.Ys.size(); ++i) {
         const TChosenColumn& column = choice.Ys[i];
         const std::size_t count = column.ValueCount;
-        const std::size_t missing = column.Values.Length() - count - column.BadCount;
+        const std::size_t missing = column.RowCount - count - column.BadCount;
         text += (i ? ", " : "") + column.Name + " (" + std::to_string(count) + (count == 1 ? " value" : " values") +
                 (missing ? ", " + std::to_string(missing) + " missing)" : ")");
     }

@@ -23,6 +23,8 @@ struct TChosenColumn
     /// Columns of the table (from 0) that it is made of; none for row numbers.
     std::vector<std::size_t> Sources;
     TArray<double> Values;
+    /// Rows and how many of them have a value; a file that is followed gets more than there are `Values`.
+    std::size_t RowCount = 0;
     std::size_t ValueCount = 0;
     std::size_t BadCount = 0;
     TCsvCell FirstBad;

@@ -1,13 +1,43 @@
 #include "plotkit/Document.h"
 
+#include <algorithm>
+#include <cmath>
+
 #include "foundation/KxLargeIni.h"
+#include "graph/KxAxis.h"
 #include "plotkit/ColourScheme.h"
-#include "plotkit/DateCaption.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/LookFile.h"
 #include "plotkit/TableNotes.h"
 
 namespace plotkit {
+namespace {
+
+/// A look may make an axis logarithmic too.
+TOptions WithScalesOf(const TPlot& plot, TOptions options)
+{
+    const auto fit = [](TScaleChoice& scale, const TKxAxis* axis) {
+        if (axis->GetScaling() == AxLog || axis->GetScaling() == AxLogEE)
+            scale = axis->GetScaling() == AxLog ? scLog : scLogEE;
+    };
+    fit(options.XScale, plot.Graph->GetPrimaryXAxis());
+    fit(options.YScale, plot.Graph->GetPrimaryYAxis());
+    return options;
+}
+
+/// What the columns alone ask for.
+TOptions Undressed(TOptions options)
+{
+    options.LookFile.clear();
+    options.Title.reset();
+    options.XCaption.reset();
+    options.YCaption.reset();
+    options.XScale = options.YScale = scAuto;
+    options.Follow.reset();
+    return options;
+}
+
+}  // namespace
 
 TDocument::TDocument(const TOptions& options, const TReadProgress& progress)
     : FTable(ReadCsvFile(options.File, {options.Reading, progress, options.Follow.has_value()}))
@@ -24,7 +54,8 @@ void TDocument::Build(const TOptions& options)
 {
     TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys);
     std::vector<std::string> notes = DescribeDoubts(FTable, choice);
-    for (std::string& note : FitToLogScales(choice, options))
+    const TOptions scaled = options.LookFile.empty() ? options : WithScalesOf(BuildPlot(choice, options), options);
+    for (std::string& note : FitToLogScales(choice, scaled))
         notes.push_back(std::move(note));
     TPlot plot = BuildPlot(choice, options);
     FFollowed.reset();
@@ -40,16 +71,31 @@ void TDocument::StartFollowing()
 {
     if (!FOptions.Follow)
         return;
-    FFollowed = std::make_unique<TFollowedPlot>(FPlot, FTable, FChoice, FOptions);
+    FFollowed = std::make_unique<TFollowedPlot>(FPlot, FTable, FChoice, WithScalesOf(FPlot, FOptions));
     FFollowed->OnNote = [this](const std::string& note) {
         if (OnNote)
             OnNote(note);
     };
-    FFollowed->OnGrown = [this] {
+    FFollowed->OnGrown = [this](const TFollowedRows& rows) {
+        Count(rows);
         if (OnGrown)
             OnGrown();
     };
     FFollowed->Start();
+}
+
+void TDocument::Count(const TFollowedRows& rows)
+{
+    const auto count = [&](TChosenColumn& column, const std::vector<double>& values) {
+        if (rows.IsRestart)
+            column.RowCount = column.ValueCount = column.BadCount = 0;
+        column.RowCount += values.size();
+        column.ValueCount += static_cast<std::size_t>(
+            std::count_if(values.begin(), values.end(), [](double value) { return !std::isnan(value); }));
+    };
+    count(FChoice.X, rows.Values.at(0));
+    for (std::size_t i = 0; i < FChoice.Ys.size(); ++i)
+        count(FChoice.Ys[i], rows.Values.at(i + 1));
 }
 
 std::vector<std::string> TDocument::ColumnNames() const
@@ -118,20 +164,22 @@ void TDocument::SetScheme(TSchemeChoice scheme)
 
 void TDocument::UseLook(const std::string& fileName)
 {
-    std::vector<std::string> notes = DressPlot(FPlot, FOptions, fileName);
-    FOptions.LookFile = fileName;
-    if (FPlot.DateName)
-        RefreshDateCaption(*FPlot.Graph, *FPlot.DateName);
-    FNotes = std::move(notes);
+    TOptions options = FOptions;
+    options.LookFile = fileName;
+    Build(options);
 }
 
 void TDocument::SaveLookAs(const std::string& fileName)
 {
+    const TPlot plain = BuildPlot(FChoice, Undressed(FOptions));
+    // The dates of the caption are those of the present view.
+    if (FPlot.DateName)
+        plain.Graph->GetPrimaryXAxis()->SetUserCaption(FPlot.Graph->GetPrimaryXAxis()->GetUserCaption());
     const bool isDark = FOptions.Scheme == ccDark;
     if (isDark)
         Recolour(*FPlot.Form, DarkScheme(), LightScheme());
     try {
-        SaveLook(*FPlot.Graph, fileName);
+        SaveLook(*FPlot.Graph, *plain.Graph, fileName);
     } catch (...) {
         if (isDark)
             Recolour(*FPlot.Form, LightScheme(), DarkScheme());

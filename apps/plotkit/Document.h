@@ -41,9 +41,11 @@ public:
     /// In the colours for a light or a dark desktop, with the look and the view that the graph has now.
     void SetScheme(TSchemeChoice scheme);
 
-    /// Gives the graph the look that a file keeps, and keeps to that file for graphs to come; looks are kept in the
-    /// colours for light desktops. The notes say what could not be used.
+    /// With the look that a file keeps, also for graphs to come; looks are kept in the colours for light desktops. The
+    /// notes say what could not be used.
     void UseLook(const std::string& fileName);
+
+    /// Captions and scales that are there because of the data are no look.
     void SaveLookAs(const std::string& fileName);
 
     /// Of a file that is followed as the options say: something in it could not be read; the graph has grown.
@@ -53,6 +55,7 @@ public:
 private:
     void Build(const TOptions& options);
     void StartFollowing();
+    void Count(const TFollowedRows& rows);
 
     TOptions FOptions;
     TCsvTable FTable;

@@ -5,6 +5,7 @@
 #include <limits>
 
 #include "data/KxVector.h"
+#include "plotkit/KeptView.h"
 #include "plotkit/LogColumns.h"
 #include "series/KxDataSeries.h"
 
@@ -36,6 +37,7 @@ void Put(TKxCustomRealVector* data, std::vector<double> values, bool isRestart)
 TFollowedPlot::TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TColumnChoice& choice,
                              const TOptions& options)
     : FFollower(table, FollowedColumns(choice), options.Reading),
+      FGraph(plot.Graph),
       FSeries(plot.Series),
       FIsXPositive(NeedsPositive(options.XScale)),
       FIsYPositive(NeedsPositive(options.YScale)),
@@ -54,16 +56,19 @@ void TFollowedPlot::Poll()
         for (std::size_t i = 0; i < rows.Values.size(); ++i)
             if (i == 0 ? FIsXPositive : FIsYPositive)
                 KeepPositive(rows.Values[i]);
+        const TKeptView view(*FGraph);
         for (std::size_t i = 0; i < FSeries.size(); ++i) {
             Put(FSeries[i]->GetXData(), rows.Values[0], rows.IsRestart);
-            Put(FSeries[i]->GetYData(), std::move(rows.Values[i + 1]), rows.IsRestart);
+            Put(FSeries[i]->GetYData(), rows.Values[i + 1], rows.IsRestart);
         }
+        if (!rows.IsRestart)
+            view.GiveTo(*FGraph);
     }
     if (OnNote)
         for (const std::string& note : rows.Notes)
             OnNote(note);
     if (OnGrown && rows.RowCount > 0)
-        OnGrown();
+        OnGrown(rows);
 }
 
 }  // namespace plotkit

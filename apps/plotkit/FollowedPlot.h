@@ -30,10 +30,11 @@ public:
     /// Told of each thing in the file that could not be read, and of a file that was replaced.
     std::function<void(const std::string&)> OnNote;
     /// Called behind each change of the graph.
-    std::function<void()> OnGrown;
+    std::function<void(const TFollowedRows&)> OnGrown;
 
 private:
     TFileFollower FFollower;
+    TKx2DGraph* FGraph;
     std::vector<TKxDataSeries*> FSeries;
     bool FIsXPositive, FIsYPositive;
     int FInterval;

@@ -172,22 +172,63 @@ TKxAxisPos PositionOf(TLegendChoice choice, std::size_t count)
     return count <= MostNamesAbove ? AxTopPos : AxRightPos;
 }
 
+void PlaceLegend(TKxLegend& legend, const TKx2DGraph& graph, std::size_t count, TLegendChoice choice)
+{
+    legend.SetInGraphPosition(PositionOf(choice, count));
+    legend.GetFrameLine().SetVisible(choice == lcFree);
+    if (choice != lcFree)
+        return;
+    // The corner that the axes leave free, clear of the labels that overhang there.
+    legend.FitToGraph();
+    const int title = graph.GetShowTitle() ? graph.TitleLabel().GetHeight() : 0;
+    legend.SetLeft(graph.GetWidth() - legend.GetWidth() - CornerGap);
+    legend.SetTop(title + CornerGap);
+}
+
 void AddLegend(TForm& form, TKx2DGraph& graph, std::size_t count, TLegendChoice choice, const TColourScheme& scheme)
 {
     auto* legend = new TKxLegend(&form);
     legend->SetName("Legend");
     SetFont(legend->GetFont(), 10, scheme.Ink);
-    legend->SetInGraphPosition(PositionOf(choice, count));
-    legend->GetFrameLine().SetVisible(choice == lcFree);
     legend->GetFrameLine().SetColor(scheme.MajorGrid);
     legend->SetParent(&graph);
-    if (choice != lcFree)
+    PlaceLegend(*legend, graph, count, choice);
+}
+
+/// Between a curve and the zero that a logarithmic axis does not have there is no area.
+void LeaveOutAreas(TPlot& plot)
+{
+    const TKxAxScaling scaling = plot.Graph->GetPrimaryYAxis()->GetScaling();
+    if (scaling != AxLog && scaling != AxLogEE)
         return;
-    // The corner that the axes leave free, clear of the labels that overhang there.
-    legend->FitToGraph();
-    const int title = graph.GetShowTitle() ? graph.TitleLabel().GetHeight() : 0;
-    legend->SetLeft(graph.GetWidth() - legend->GetWidth() - CornerGap);
-    legend->SetTop(title + CornerGap);
+    bool isLost = false;
+    for (TKxDataSeries* series : plot.Series) {
+        isLost = isLost || series->GetAreaStyle().GetVisible();
+        series->GetAreaStyle().SetVisible(false);
+    }
+    if (isLost)
+        plot.Notes.push_back("a logarithmic Y axis has no zero; areas are left out");
+}
+
+/// What was wished for in so many words goes before a look.
+void KeepWishes(const TPlot& plot, const TOptions& options)
+{
+    for (TKxLineStyle* grid : {&plot.Graph->GetMajorGridX(), &plot.Graph->GetMajorGridY()})
+        grid->SetVisible(grid->GetVisible() && options.Grid);
+    for (TKxLineStyle* grid : {&plot.Graph->GetMinorGridX(), &plot.Graph->GetMinorGridY()})
+        grid->SetVisible((grid->GetVisible() && options.Grid) || options.MinorGrid);
+    for (TKxDataSeries* series : plot.Series) {
+        series->GetAreaStyle().SetVisible(series->GetAreaStyle().GetVisible() || options.Area);
+        series->GetLineStyle().SetVisible(series->GetLineStyle().GetVisible() && options.Line);
+        if (options.Points != ooAuto || !options.Line)
+            series->GetPointStyle().SetVisible(options.Points != ooOff);
+    }
+    if (options.Legend == lcAuto)
+        return;
+    for (TKxAttachedLegend* attached : plot.Graph->AttachedList())
+        if (auto* legend = dynamic_cast<TKxLegend*>(attached))
+            if (legend->GetInGraphPosition() != PositionOf(options.Legend, plot.Series.size()))
+                PlaceLegend(*legend, *plot.Graph, plot.Series.size(), options.Legend);
 }
 
 }  // namespace
@@ -220,6 +261,7 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
         plot.DateName = x.GetUserCaption();
     if (!options.LookFile.empty())
         plot.Notes = DressPlot(plot, options, options.LookFile);
+    LeaveOutAreas(plot);
     if (plot.DateName)
         RefreshDateCaption(*plot.Graph, *plot.DateName);
     return plot;
@@ -228,6 +270,7 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
 std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const std::string& lookFile)
 {
     const std::vector<std::string> problems = LoadLook(*plot.Graph, lookFile);
+    KeepWishes(plot, options);
     // Looks are kept in the colours for light desktops.
     if (options.Scheme == ccDark)
         Recolour(*plot.Form, LightScheme(), DarkScheme());

@@ -22,7 +22,7 @@ struct TPlot
     std::vector<TKxDataSeries*> Series;  ///< one per ordinate, owned by the form
     /// What the caption of a date axis starts with, when the program makes it.
     std::optional<std::string> DateName;
-    std::vector<std::string> Notes;  ///< what of the options' look could not be used
+    std::vector<std::string> Notes;  ///< what of the options could not be used
 };
 
 /// A form of the options' size, filled by one graph with a data series per ordinate. The vectors of the series are
@@ -30,7 +30,7 @@ struct TPlot
 /// changes. EConvertError naming the option: a logarithmic scale where no value is positive; errors of LoadLook.
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);
 
-/// Gives the plot the look that a file keeps; what the options say of titles, captions and scales goes before. Returns
+/// Gives the plot the look that a file keeps; what the options say goes before. Returns
 /// what could not be used; errors as those of LoadLook.
 std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const std::string& lookFile);
 

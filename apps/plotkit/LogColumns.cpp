@@ -14,7 +14,7 @@ bool IsPositive(double value)
     return value > 0;
 }
 
-void FitColumn(TChosenColumn& column, const std::string& option, std::vector<std::string>& notes)
+void FitColumn(TChosenColumn& column, std::vector<std::string>& notes)
 {
     const auto values = column.Values.Span();
     const auto count = static_cast<std::size_t>(std::count_if(values.begin(), values.end(), IsPositive));
@@ -25,22 +25,21 @@ void FitColumn(TChosenColumn& column, const std::string& option, std::vector<std
     KeepPositive(positive);
     column.Values = TArray<double>(std::move(positive));
     column.ValueCount = count;
-    notes.push_back(option + ": column \"" + column.Name + "\": " + std::to_string(lost) +
-                    (lost == 1 ? " value is" : " values are") + " not positive and left out");
+    notes.push_back("column \"" + column.Name + "\": " + std::to_string(lost) +
+                    (lost == 1 ? " value is" : " values are") + " not positive and left out of the logarithmic scale");
 }
 
-void FitColumns(std::span<TChosenColumn> columns, TScaleChoice scale, const std::string& option,
-                std::vector<std::string>& notes)
+void FitColumns(std::span<TChosenColumn> columns, TScaleChoice scale, std::vector<std::string>& notes)
 {
     if (!NeedsPositive(scale))
         return;
     std::size_t count = 0;
     for (TChosenColumn& column : columns) {
-        FitColumn(column, option, notes);
+        FitColumn(column, notes);
         count += column.ValueCount;
     }
     if (count == 0)
-        throw EConvertError(option + ": column \"" + columns.front().Name + "\" has no positive value for a logarithm");
+        throw EConvertError("column \"" + columns.front().Name + "\" has no positive value for a logarithmic scale");
 }
 
 }  // namespace
@@ -58,8 +57,8 @@ void KeepPositive(std::span<double> values)
 std::vector<std::string> FitToLogScales(TColumnChoice& choice, const TOptions& options)
 {
     std::vector<std::string> notes;
-    FitColumns({&choice.X, 1}, options.XScale, "--x-scale", notes);
-    FitColumns(choice.Ys, options.YScale, "--y-scale", notes);
+    FitColumns({&choice.X, 1}, options.XScale, notes);
+    FitColumns(choice.Ys, options.YScale, notes);
     return notes;
 }
 

@@ -3,6 +3,7 @@
 #include "foundation/KxLargeIniFile.h"
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
+#include "host/StringList.h"
 
 namespace plotkit {
 
@@ -18,12 +19,35 @@ void FollowOwnData(TKx2DGraph& graph)
             axis->RedoRanges();
 }
 
+void EraseEntry(TKxIniList& list, const std::string& section, const std::string& ident)
+{
+    bool isInside = false;
+    for (int i = 0; i < list.Count(); ++i) {
+        const std::string line = list[i];
+        if (line.starts_with('['))
+            isInside = SameText(line, "[" + section + "]");
+        else if (isInside && SameText(line.substr(0, line.find('=')), ident))
+            list.Delete(i--);
+    }
+}
+
+void EraseWhatIsPlain(TKxIniList& look, TKx2DGraph& plain)
+{
+    TKxIniList own;
+    plain.SaveOutfit(Section, own);
+    for (const char* axis : {"Graph.XAxis1", "Graph.YAxis1"})
+        for (const char* ident : {"UserCaption", "ShowCaption", "Scaling"})
+            if (look.ReadString(axis, ident, {}) == own.ReadString(axis, ident, {}))
+                EraseEntry(look, axis, ident);
+}
+
 }  // namespace
 
-void SaveLook(TKx2DGraph& graph, const std::string& fileName)
+void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const std::string& fileName)
 {
     TKxLargeIniFile file(fileName);
     graph.SaveOutfit(Section, file);
+    EraseWhatIsPlain(file, plain);
     file.Save();
 }
 

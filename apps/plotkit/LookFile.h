@@ -8,8 +8,10 @@
 
 namespace plotkit {
 
-/// Writes the look into the file's sections "Graph" and "Graph.…"; whatever else the file holds stays. EFileError.
-void SaveLook(TKx2DGraph& graph, const std::string& fileName);
+/// Writes the look into the file's sections "Graph" and "Graph.…"; whatever else the file holds stays. Axis captions
+/// and scalings that are those of `plain`, a graph of the same data without any look, are left out: with other data
+/// they would be wrong. EFileError.
+void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const std::string& fileName);
 
 /// Gives the graph what the file says; what it does not mention stays as it is. Axes whose ends follow the data follow
 /// their own. Returns a line for each value that could not be used, naming file, section and key. EFileError when there

@@ -148,6 +148,7 @@ void ReadSize(const TTexts& texts, TOptions& options)
             Fail("--size", badSize);
         options.Width = static_cast<int>(width);
         options.Height = static_cast<int>(height);
+        options.HasSize = true;
     }
     if (!texts.Dpi.empty()) {
         const std::string badDpi = "\"" + texts.Dpi + "\" is no resolution; it is a number from 10 to 4800";
@@ -165,39 +166,66 @@ void ReadSize(const TTexts& texts, TOptions& options)
 
 void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
 {
-    app.add_option("FILE", options.File, "The data: a table as text; - is standard input; show also waits for one");
-    app.add_option("--x", texts.X, "Column of the abscissae, by name or by number from 1");
+    app.add_option("FILE", options.File, "The data, a table as text; - is standard input");
+    app.add_option("--x", texts.X, "Column of the abscissae, by name or by number from 1")->type_name("COLUMN");
     app.add_option("--y", options.Ys, "Columns of the ordinates, separated by commas; may be repeated")
         ->expected(1)
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("COLUMN[,COLUMN...]");
-    app.add_option("--x-scale", texts.XScale, "linear, log, logee or time");
-    app.add_option("--y-scale", texts.YScale, "linear, log, logee or time");
-    app.add_option("--title", texts.Title, "Title; \\b bold, \\i italic, \\+ superscript, \\- subscript, \\s symbols");
+    app.add_option("--x-scale", texts.XScale, "linear, log, logee (log, labels as powers of ten) or time")
+        ->type_name("SCALE");
+    app.add_option("--y-scale", texts.YScale, "The same for the Y axis")->type_name("SCALE");
+    app.add_option("--title", texts.Title,
+                   "Title; \\b bold, \\i italic, \\+ superscript, \\- subscript, \\s Greek, each on and off");
     app.add_option("--x-caption", texts.XCaption, "Caption of the X axis, with the codes of a title");
     app.add_option("--y-caption", texts.YCaption, "Caption of the Y axis, with the codes of a title");
     app.add_option("--size", texts.Size, "Size in 1/96 inch (800x600)")->type_name("WxH");
-    auto* points = app.add_flag("--points", texts.Points, "Draw a symbol at every point, however many there are");
-    app.add_flag("--no-points", texts.NoPoints, "Draw no symbols")->excludes(points);
+    app.add_flag("--points", texts.Points, "Draw a symbol at every point, however many there are");
+    app.add_flag("--no-points", texts.NoPoints, "Draw no symbols");
     app.add_flag("--no-line", texts.NoLine, "Draw no line between the points");
     app.add_flag("--area", options.Area, "Fill the area between curve and zero");
-    auto* grid = app.add_flag("--grid", texts.Grid, "Draw grid lines at the minor ticks too");
-    app.add_flag("--no-grid", texts.NoGrid, "Draw no grid lines")->excludes(grid);
-    app.add_option("--colours", texts.Scheme, "light, dark or auto: as the desktop in a window, light in pictures");
-    app.add_option("--outfit", options.LookFile, "Look of the graph, as saved in the window")->type_name("FILE");
-    app.add_option("--legend", texts.Legend, "none, top, bottom, left, right or free (one for several ordinates)");
+    app.add_flag("--grid", texts.Grid, "Draw grid lines at the minor ticks too");
+    app.add_flag("--no-grid", texts.NoGrid, "Draw no grid lines");
+    app.add_option("--colours", texts.Scheme, "light, dark or auto: as the desktop in a window, light in pictures")
+        ->type_name("SCHEME");
+    app.add_option("--outfit", options.LookFile,
+                   "Look of the graph, as saved in the window; other options go before it")
+        ->type_name("FILE");
+    app.add_option("--legend", texts.Legend,
+                   "none, top, bottom, left, right or free (top or right for several columns)")
+        ->type_name("PLACE");
 }
 
 void AddReadingOptions(CLI::App& app, TTexts& texts)
 {
     app.add_option("--separator", texts.Separator,
-                   "Between the cells: comma, semicolon, tab, blank, bar or a character");
-    app.add_option("--decimal", texts.Decimal, "Decimal mark: point or comma");
-    app.add_option("--header", texts.Header, "Whether a line names the columns: yes, no or auto");
-    app.add_option("--comment", texts.Comment, "Characters that start a remark (#%//); none when empty");
-    app.add_option("--skip", texts.Skip, "Lines at the start of the file that do not count");
-    app.add_option("--dates", texts.Dates, "How 1/2/2012 is read: dmy or mdy");
+                   "Between the cells: comma, semicolon, tab, blank, bar or a character")
+        ->type_name("CHARACTER");
+    app.add_option("--decimal", texts.Decimal, "Decimal mark: point or comma")->type_name("MARK");
+    app.add_option("--header", texts.Header, "Whether a line names the columns: yes, no or auto")->type_name("ANSWER");
+    app.add_option("--comment", texts.Comment, "Characters that start a remark (#%//); none when empty")
+        ->type_name("CHARACTERS");
+    app.add_option("--skip", texts.Skip, "Lines at the start of the file that do not count")->type_name("LINES");
+    app.add_option("--dates", texts.Dates, "How 1/2/2012 is read: dmy or mdy")->type_name("ORDER");
+}
+
+/// What is written and how.
+void ReadPicture(const CLI::App& command, TOptions& options)
+{
+    const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
+    if (options.Output.empty())
+        Fail("--output", "name the picture to be written, such as -o graph.png");
+    const auto format = PictureFormatOf(options.Output);
+    if (!format)
+        Fail("--output", "\"" + options.Output + "\" does not end in .png, .svg or .pdf, which say what is written");
+    options.Format = *format;
+    if (options.Format != pfPng && command.count("--dpi"))
+        Fail("--dpi", noPixels);
+    if (options.Format != pfPng && options.Antialias)
+        Fail("--antialias", noPixels);
+    if (options.Format != pfPng && std::max(options.Width, options.Height) > MaxVectorSide)
+        Fail("--size", "a page is at most " + std::to_string(MaxVectorSide) + " 1/96 inches wide and high");
 }
 
 void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
@@ -217,6 +245,12 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
         options.Scheme = SchemeOf(texts.Scheme);
     if (command.count("--legend"))
         options.Legend = LegendOf(texts.Legend);
+    const auto notBoth = [&](const char* one, const char* other) {
+        if (command.count(one) && command.count(other))
+            Fail(one, std::string("goes not together with ") + other);
+    };
+    notBoth("--points", "--no-points");
+    notBoth("--grid", "--no-grid");
     options.Points = texts.Points ? ooOn : texts.NoPoints ? ooOff : ooAuto;
     options.Line = !texts.NoLine;
     options.Grid = !texts.NoGrid;
@@ -226,21 +260,8 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     ReadSize(texts, options);
     ReadReading(command, texts, options.Reading);
     ReadFile(command, texts, options);
-    const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
-    if (options.Command != pcRender)
-        return;
-    if (options.Output.empty())
-        Fail("--output", "name the picture to be written, such as -o graph.png");
-    const auto format = PictureFormatOf(options.Output);
-    if (!format)
-        Fail("--output", "\"" + options.Output + "\" does not end in .png, .svg or .pdf, which say what is written");
-    options.Format = *format;
-    if (options.Format != pfPng && command.count("--dpi"))
-        Fail("--dpi", noPixels);
-    if (options.Format != pfPng && options.Antialias)
-        Fail("--antialias", noPixels);
-    if (options.Format != pfPng && std::max(options.Width, options.Height) > MaxVectorSide)
-        Fail("--size", "a page is at most " + std::to_string(MaxVectorSide) + " 1/96 inches wide and high");
+    if (options.Command == pcRender)
+        ReadPicture(command, options);
 }
 
 }  // namespace
@@ -277,7 +298,7 @@ TOptions ParseOptions(int count, const char* const* arguments)
         ->type_name("[SECONDS]");
     render->add_option("-o,--output", options.Output, "The picture to be written: .png, .svg or .pdf")
         ->type_name("FILE");
-    render->add_option("--dpi", texts.Dpi, "Pixels per inch of a PNG (96)");
+    render->add_option("--dpi", texts.Dpi, "Pixels per inch of a PNG (96)")->type_name("NUMBER");
     render->add_flag("--antialias", options.Antialias, "Smooth the edges of a PNG");
     render->add_flag("--light", options.Light, "Colours for white paper where the ground is dark");
     try {
@@ -291,6 +312,9 @@ TOptions ParseOptions(int count, const char* const* arguments)
         options.Answer = std::string(version.what()) + "\n";
         return options;
     } catch (const CLI::ParseError& error) {
+        if (app.get_subcommands().empty() && count > 1 && arguments[1][0] != '-')
+            Fail("command line",
+                 "\"" + std::string(arguments[1]) + "\" is no command; say render or show before the file");
         throw EConvertError(error.what());
     }
     options.Command = app.got_subcommand(render) ? pcRender : pcShow;

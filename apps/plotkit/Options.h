@@ -71,6 +71,7 @@ struct TOptions
     std::optional<std::string> Title, XCaption, YCaption;
     int Width = 800;  ///< 1/96 inch
     int Height = 600;
+    bool HasSize = false;  ///< it was wished for
     TOnOff Points = ooAuto;
     bool Line = true;
     bool Area = false;

@@ -5,6 +5,7 @@
 #include <iostream>
 #include <new>
 
+#include "formula/KxFormula.h"
 #include "graph/KxCaption.h"
 #include "host/Errors.h"
 #include "host/StringList.h"
@@ -90,13 +91,17 @@ int Run(int count, char** arguments)
         qputenv("QT_QPA_PLATFORM", "offscreen");
     options.Reading.LocaleDayFirst = WritesDayFirst(LocaleFormatsOf(QLocale::system()).ShortDateFormat);
     qInstallMessageHandler(KeepErrors);
-    QApplication application(count, arguments);
+    // Qt has options of its own, and would take --title for the window.
+    int onlyName = 1;
+    QApplication application(onlyName, arguments);
     QApplication::setApplicationName("plotkit");
     QApplication::setDesktopFileName("plotkit");
     QApplication::setWindowIcon(QIcon::fromTheme("plotkit"));
     QApplication::setApplicationVersion(QString::fromStdString(ProgramVersion()));
     TQtHost host;
     const THostGuard guard(host);
+    const TSchemeChoice scheme = options.Scheme;
+    UseTypedFormulas();
     if (options.Command == pcShow)
         PrepareShow(options);
     std::unique_ptr<TDocument> document;
@@ -104,7 +109,11 @@ int Run(int count, char** arguments)
         document = ReadDocument(options);
         std::cout << document->Description() << std::endl;
     }
-    return options.Command == pcShow ? Show(host, options, std::move(document)) : Render(host, *document);
+    if (options.Command == pcRender)
+        return Render(host, *document);
+    // The window keeps to the desktop where nothing else was wished for.
+    options.Scheme = scheme;
+    return Show(host, options, std::move(document));
 }
 
 }  // namespace

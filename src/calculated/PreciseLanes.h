@@ -52,24 +52,46 @@ using TUsual = TFused;
 using TUsual = TPlain;
 #endif
 
-PLOTKIT_INLINE void Add(const TPreciseLanes& terms, TPreciseLanes& sums)
+PLOTKIT_INLINE void AddTo(TPreciseLanes& sums, std::size_t i, TDoubleDouble term)
 {
-    for (std::size_t i = 0; i < StripLength; ++i) {
-        const TDoubleDouble sum = TwoSum(sums.High[i], terms.High[i]);
-        sums.High[i] = sum.High;
-        sums.Low[i] += sum.Low + terms.Low[i];
-    }
+    const TDoubleDouble sum = TwoSum(sums.High[i], term.High);
+    sums.High[i] = sum.High;
+    sums.Low[i] += sum.Low + term.Low;
 }
 
 template <class TArithmetic>
-PLOTKIT_INLINE void Multiply(TPreciseLanes& values, const TPreciseLanes& factors)
+PLOTKIT_INLINE TDoubleDouble Multiply(TDoubleDouble a, TDoubleDouble b)
 {
-    for (std::size_t i = 0; i < StripLength; ++i) {
-        TDoubleDouble product = TArithmetic::Product(values.High[i], factors.High[i]);
-        product.Low = TArithmetic::MultiplyAdd(values.High[i], factors.Low[i], product.Low);
-        values.Low[i] = TArithmetic::MultiplyAdd(values.Low[i], factors.High[i], product.Low);
-        values.High[i] = product.High;
+    const TDoubleDouble product = TArithmetic::Product(a.High, b.High);
+    const double low = TArithmetic::MultiplyAdd(a.High, b.Low, product.Low);
+    return {product.High, TArithmetic::MultiplyAdd(a.Low, b.High, low)};
+}
+
+PLOTKIT_INLINE void Add(const TPreciseLanes& terms, TPreciseLanes& sums)
+{
+    for (std::size_t i = 0; i < StripLength; ++i)
+        AddTo(sums, i, {terms.High[i], terms.Low[i]});
+}
+
+// Multiplies the terms by the factors again and again, and adds each result to the next of `count` sums: two per pass,
+// for the sake of fewer loads and stores.
+template <class TArithmetic>
+PLOTKIT_INLINE void AddPowers(TPreciseLanes& terms, const TPreciseLanes& factors, TPreciseLanes* sums,
+                              std::size_t count)
+{
+    for (; count >= 2; count -= 2, sums += 2) {
+        for (std::size_t i = 0; i < StripLength; ++i) {
+            const TDoubleDouble factor{factors.High[i], factors.Low[i]};
+            const TDoubleDouble first = Multiply<TArithmetic>({terms.High[i], terms.Low[i]}, factor);
+            AddTo(sums[0], i, first);
+            const TDoubleDouble second = Multiply<TArithmetic>(first, factor);
+            AddTo(sums[1], i, second);
+            terms.High[i] = second.High;
+            terms.Low[i] = second.Low;
+        }
     }
+    for (std::size_t i = 0; count > 0 && i < StripLength; ++i)
+        AddTo(sums[0], i, Multiply<TArithmetic>({terms.High[i], terms.Low[i]}, {factors.High[i], factors.Low[i]}));
 }
 
 PLOTKIT_INLINE void Renew(TPreciseLanes* sums, std::size_t count)

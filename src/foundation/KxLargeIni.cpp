@@ -55,7 +55,7 @@ void TKxIniList::InsertIndexed(int i, std::string line)
     const bool header = IsHeader(line);
     TStringList::Insert(i, std::move(line));
     if (header)
-        return ForgetHeaders();
+        return LinesChanged();
     if (i < Count() - 1)
         for (auto& [name, place] : FHeaders)
             if (place >= i)
@@ -78,6 +78,18 @@ void TKxIniList::NoteUnless(bool usable, TText section, TText ident) const
 {
     if (!usable && FProblems)
         FProblems->push_back({std::string(section), std::string(ident), std::string(FindValue(section, ident))});
+}
+
+void TKxIniList::SetModified(bool modified)
+{
+    FModified = modified;
+    ++FWriteCount;
+}
+
+void TKxIniList::LinesChanged()
+{
+    FHeadersLines = -1;
+    ++FWriteCount;
 }
 
 void TKxIniList::Touch()
@@ -136,7 +148,7 @@ void TKxIniList::EraseSection(TText section)
         TStringList::Delete(Count() - 1);
     for (const std::string& line : behind)
         TStringList::Add(line);
-    ForgetHeaders();
+    LinesChanged();
 }
 
 std::string TKxIniList::ReadString(TText section, TText ident, TText byDefault) const
@@ -228,13 +240,13 @@ void TKxIniList::WriteRealDigits(TText section, TText ident, double value, int d
 
 int TKxIniList::Add(std::string line)
 {
-    ForgetHeaders();
+    LinesChanged();
     return TStringList::Add(std::move(line));
 }
 
 void TKxIniList::Insert(int i, std::string line)
 {
-    ForgetHeaders();
+    LinesChanged();
     TStringList::Insert(i, std::move(line));
 }
 
@@ -242,31 +254,32 @@ void TKxIniList::Put(int i, std::string line)
 {
     const bool known = !IsHeader(line) && i >= 0 && i < Count() && !IsHeader((*this)[i]);
     TStringList::Put(i, std::move(line));
+    ++FWriteCount;
     if (!known)
-        ForgetHeaders();
+        LinesChanged();
 }
 
 void TKxIniList::Delete(int i)
 {
-    ForgetHeaders();
+    LinesChanged();
     TStringList::Delete(i);
 }
 
 void TKxIniList::Clear()
 {
-    ForgetHeaders();
+    LinesChanged();
     TStringList::Clear();
 }
 
 void TKxIniList::SetText(std::string_view text)
 {
-    ForgetHeaders();
+    LinesChanged();
     TStringList::SetText(text);
 }
 
 void TKxIniList::LoadFromFile(const std::filesystem::path& file)
 {
-    ForgetHeaders();
+    LinesChanged();
     TStringList::LoadFromFile(file);
 }
 

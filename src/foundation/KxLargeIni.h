@@ -37,7 +37,7 @@ public:
 
     /// Set by every write and erase, never cleared by the list itself.
     bool GetModified() const { return FModified; }
-    void SetModified(bool modified) { FModified = modified; }
+    void SetModified(bool modified);
     /// Where readers of single values note what they cannot use; nullptr: nowhere.
     void SetProblems(std::vector<TKxIniProblem>* problems) { FProblems = problems; }
 
@@ -123,6 +123,7 @@ public:
     void LoadFromFile(const std::filesystem::path& file);
 
 protected:
+    /// Grows with every change of the lines.
     int WriteCount() const { return FWriteCount; }
 
 private:
@@ -130,7 +131,7 @@ private:
     TText FindValue(TText section, TText ident) const;  ///< nothing to point at when there is no such entry
     void NoteUnless(bool usable, TText section, TText ident) const;
     void Touch();
-    void ForgetHeaders() { FHeadersLines = -1; }
+    void LinesChanged();
     void IndexHeaders() const;
     void InsertIndexed(int i, std::string line);
 

@@ -102,7 +102,7 @@ private:
     std::string LogStepText(double value, int decimals) const;
     std::string LogText(TLogLabel label, double value) const;
     void ThinOutLabels(std::size_t count, const std::function<bool(std::size_t, int)>& isShown);
-    void ThinOutLinearLabels();
+    void ThinOutStepLabels(double labelPart, int exponent);
     void ThinOutLogLabels(const std::vector<TLogLabel>& labels);
 
     void DateTimeTicks();

@@ -41,6 +41,7 @@ void TKxAxis::AddStepsInsideDecade()
     FTickIsMajor.clear();
     FScaleLabels.clear();
     FLabelPoints.clear();
+    FLabelValues.clear();
     const double width = GetStop() - GetStart();
     const int exponent = GetExponent(width);
     const auto i = static_cast<std::size_t>(NiceIndex(width, exponent));
@@ -58,6 +59,7 @@ void TKxAxis::AddStepsInsideDecade()
         if (GetShowScaleLabels() && k % labelPeriod == 0)
             AddLabelAt(LogStepText(value, decimals), value);
     }
+    ThinOutStepLabels(label, exponent);
 }
 
 std::string TKxAxis::LogStepText(double value, int decimals) const

@@ -196,13 +196,13 @@ void TKxAxis::ThinOutLabels(std::size_t count, const std::function<bool(std::siz
         FScaleLabels[i].DoPaint = isShown(i, thinning);
 }
 
-/// Those at every label step, else at every 2, 5, 10, 20, ... label steps.
-void TKxAxis::ThinOutLinearLabels()
+/// Those at every step of `labelPart` times 10^`exponent`, else at every 2, 5, 10, 20, ... steps.
+void TKxAxis::ThinOutStepLabels(double labelPart, int exponent)
 {
     ThinOutLabels(FLabelValues.size(), [&](std::size_t i, int thinning) {
         constexpr std::array<int, 3> factors{1, 2, 5};
         const double every = factors[static_cast<std::size_t>(thinning % 3)] * std::pow(10.0, thinning / 3);
-        const double steps = std::nearbyint(ExpMinus(FLabelValues[i], FRangeExponent) / FLabelPart);
+        const double steps = std::nearbyint(ExpMinus(FLabelValues[i], exponent) / labelPart);
         return std::fmod(steps, every) == 0;
     });
 }
@@ -219,7 +219,7 @@ void TKxAxis::LinearTicks()
     const int labelPeriod = std::max(RoundToInt(FLabelPart / FTickPart), 1);
     if (!TicksAtMultiples(majorPeriod, labelPeriod))
         TicksFromTheEnd(majorPeriod, labelPeriod);
-    ThinOutLinearLabels();
+    ThinOutStepLabels(FLabelPart, FRangeExponent);
     if (GetShowScaleLabels() && FExponentForm)
         AddExponentLabel();
 }

@@ -192,14 +192,14 @@ void TKxDrawingWorld::RefreshMarkers()
 {
     if (MarkersStandInOverlay())
         ReplaceInOverlay(FDrawnMarkers,
-                         FGraph->GetVisible() ? ForOverlay(&TKxDrawingWorld::PaintMarkers) : TRecording());
+                         FGraph->IsShowing() ? ForOverlay(&TKxDrawingWorld::PaintMarkers) : TRecording());
 }
 
 void TKxDrawingWorld::RefreshOverlay()
 {
     if (OnPaintOverlay || !FDrawnForeign.Commands.empty())
         ReplaceInOverlay(FDrawnForeign,
-                         FGraph->GetVisible() ? ForOverlay(&TKxDrawingWorld::PaintForeign) : TRecording());
+                         FGraph->IsShowing() ? ForOverlay(&TKxDrawingWorld::PaintForeign) : TRecording());
 }
 
 void TKxDrawingWorld::SetStartMarkerX(int x)

@@ -59,6 +59,8 @@ public:
     /// Takes away all that stands over the picture: the markers, the rectangle of a zoom that is going on, and what the
     /// overlay event drew.
     void LeaveOverlay();
+    /// Lets go of a marker, or of the corner of a zoom rectangle, that the mouse drags.
+    void CancelDrags();
     /// Whether `x` lies at most one pixel (1/96 inch) from the marker.
     bool NearStart(int x) const;
     bool NearStop(int x) const;

@@ -264,10 +264,13 @@ void TKx2DGraph::SetParent(TWindowControl* parent)
         FWorld->ShowStartStopMarkers();
 }
 
-void TKx2DGraph::CMVisibleChanged()
+void TKx2DGraph::CMShowingChanged()
 {
-    TPanel::CMVisibleChanged();
+    TPanel::CMShowingChanged();
+    if (!IsShowing())
+        FWorld->CancelDrags();  // the mouse is not captured any more
     FWorld->RefreshMarkers();
+    FWorld->RefreshOverlay();
 }
 
 void TKx2DGraph::CMTextChanged()

@@ -107,7 +107,7 @@ public:
 protected:
     void CreateWindow() override;
     void Paint() override;
-    void CMVisibleChanged() override;
+    void CMShowingChanged() override;
     void CMTextChanged() override;
     void CMFontChanged() override;
     void CMScaleChanged() override;

@@ -74,15 +74,21 @@ void TKxGraphNavigator::Notification(TComponent* component, TOperation operation
     ForgetViews();
 }
 
-std::vector<TKxAxis*> TKxGraphNavigator::Axes() const
+std::vector<TKxAxis*> TKxGraphNavigator::AxesAndSlaves() const
 {
     std::vector<TKxAxis*> axes;
     if (!FGraph)
         return axes;
     for (TControl* control : FGraph->Controls())
         if (auto* axis = dynamic_cast<TKxAxis*>(control))
-            if (!axis->GetIsSlaveAxis() || !axis->GetMasterAxis())
-                axes.push_back(axis);
+            axes.push_back(axis);
+    return axes;
+}
+
+std::vector<TKxAxis*> TKxGraphNavigator::Axes() const
+{
+    std::vector<TKxAxis*> axes = AxesAndSlaves();
+    std::erase_if(axes, [](const TKxAxis* axis) { return axis->GetIsSlaveAxis() && axis->GetMasterAxis(); });
     return axes;
 }
 
@@ -134,7 +140,7 @@ TKxGraphNavigator::TSpan TKxGraphNavigator::Shifted(const TKxAxis& axis, TSpan s
 TKxGraphNavigator::TView TKxGraphNavigator::PresentView() const
 {
     TView view;
-    for (TKxAxis* axis : Axes())
+    for (TKxAxis* axis : AxesAndSlaves())
         view.push_back({axis, axis->Lifeline().Watch(), axis->ZoomState()});
     return view;
 }
@@ -155,7 +161,7 @@ void TKxGraphNavigator::BeginStep(TStep step)
     FAt = FViews.size() - 1;
     // A rectangle makes views of its own.
     if (step == stZoom || step == stPan || step == stDrag)
-        for (TKxAxis* axis : Axes())
+        for (TKxAxis* axis : AxesAndSlaves())
             axis->KeepView();
 }
 
@@ -303,7 +309,7 @@ void TKxGraphNavigator::CancelDrag()
 
 bool TKxGraphNavigator::CanGoHome() const
 {
-    const std::vector<TKxAxis*> axes = Axes();
+    const std::vector<TKxAxis*> axes = AxesAndSlaves();
     return std::any_of(axes.begin(), axes.end(), [](const TKxAxis* axis) { return axis->CanZoomBack(); });
 }
 
@@ -313,7 +319,7 @@ void TKxGraphNavigator::Home()
         return;
     if (CanGoHome())
         BeginStep(stOther);
-    for (TKxAxis* axis : Axes())
+    for (TKxAxis* axis : AxesAndSlaves())
         axis->LeaveZoom();
     Show();
 }
@@ -323,7 +329,7 @@ void TKxGraphNavigator::ShowView(std::size_t at)
     FViews[FAt] = PresentView();
     FAt = at;
     FStep = stNone;
-    const std::vector<TKxAxis*> present = Axes();
+    const std::vector<TKxAxis*> present = AxesAndSlaves();
     for (const TAxisView& view : FViews[FAt])
         if (!view.Alive.expired() && std::find(present.begin(), present.end(), view.Axis) != present.end())
             view.Axis->SetZoomState(view.State);

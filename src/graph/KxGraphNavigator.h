@@ -108,6 +108,8 @@ private:
     static void ShowSpan(TKxAxis& axis, TSpan span);
     static TSpan Shifted(const TKxAxis& axis, TSpan span, double by);
 
+    /// Slaves have a zoom history, too: it tells series whether they are shown zoomed.
+    std::vector<TKxAxis*> AxesAndSlaves() const;
     TView PresentView() const;
     void ShowView(std::size_t at);
     void BeginStep(TStep step);

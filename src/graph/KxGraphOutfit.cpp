@@ -77,9 +77,10 @@ void TKx2DGraph::LoadOutfit(const std::string& section, TKxIniList& list)
     for (TKxAxis* axis : AxesInside())
         axis->LoadOutfit(section + "." + axis->GetName(), list);
     const int saved = list.ReadInteger(section, "SeriesCount", 0);
-    const TKxSeriesList& series = GetSeriesList();
-    for (int i = 0; saved > 0 && i < series.Count(); ++i)
-        series[i]->ReadFromIni(list, SeriesSection(section, i % saved + 1));
+    // A series that takes another axis goes to the end of the list.
+    const std::vector<TKxPlottable*> series = GetSeriesList().Items();
+    for (int i = 0; saved > 0 && i < static_cast<int>(series.size()); ++i)
+        series[static_cast<std::size_t>(i)]->ReadFromIni(list, SeriesSection(section, i % saved + 1));
     ForEachAnnotation(section, [&](auto& part, const std::string& own) { part.LoadOutfit(own, list); });
 }
 

@@ -111,6 +111,7 @@ void TKxLegend::CMFontChanged()
 void TKxLegend::CMVisibleChanged()
 {
     TKxAttachedLegend::CMVisibleChanged();
+    FPressed.reset();
     Relayout();
 }
 

@@ -13,8 +13,12 @@ TRect BoxOf(TPoint a, TPoint b)
 
 void TKxDrawingWorld::MouseDown(TMouseButton button, TShiftState shift, int x, int y)
 {
+    const auto alive = Lifeline().Watch();
     FGraph->MouseDown(button, shift, x, y);
-    TGraphicControl::MouseDown(button, shift, x, y);
+    if (!alive.expired())
+        TGraphicControl::MouseDown(button, shift, x, y);
+    if (alive.expired())
+        return;
     if (FMarkersShown) {
         if (NearStart(x))
             FDraggingStart = true;
@@ -30,8 +34,12 @@ void TKxDrawingWorld::MouseDown(TMouseButton button, TShiftState shift, int x, i
 
 void TKxDrawingWorld::MouseMove(TShiftState shift, int x, int y)
 {
+    const auto alive = Lifeline().Watch();
     FGraph->MouseMove(shift, x, y);
-    TGraphicControl::MouseMove(shift, x, y);
+    if (!alive.expired())
+        TGraphicControl::MouseMove(shift, x, y);
+    if (alive.expired())
+        return;
     if (FMarkersShown)
         DragMarkers(x);
     else if (FAutoZoom && FZooming && FZoomEnd != TPoint{x, y})
@@ -40,8 +48,12 @@ void TKxDrawingWorld::MouseMove(TShiftState shift, int x, int y)
 
 void TKxDrawingWorld::MouseUp(TMouseButton button, TShiftState shift, int x, int y)
 {
+    const auto alive = Lifeline().Watch();
     FGraph->MouseUp(button, shift, x, y);
-    TGraphicControl::MouseUp(button, shift, x, y);
+    if (!alive.expired())
+        TGraphicControl::MouseUp(button, shift, x, y);
+    if (alive.expired())
+        return;
     if (FMarkersShown)
         FDraggingStart = FDraggingStop = false;
     else if (FAutoZoom && FZooming)
@@ -50,14 +62,18 @@ void TKxDrawingWorld::MouseUp(TMouseButton button, TShiftState shift, int x, int
 
 void TKxDrawingWorld::Click()
 {
+    const auto alive = Lifeline().Watch();
     FGraph->Click();
-    TGraphicControl::Click();
+    if (!alive.expired())
+        TGraphicControl::Click();
 }
 
 void TKxDrawingWorld::DblClick()
 {
+    const auto alive = Lifeline().Watch();
     FGraph->DblClick();
-    TGraphicControl::DblClick();
+    if (!alive.expired())
+        TGraphicControl::DblClick();
 }
 
 void TKxDrawingWorld::DragMarkers(int x)
@@ -88,6 +104,12 @@ void TKxDrawingWorld::CancelZoom()
 {
     ReplaceInOverlay(FDrawnZoomRect, {});
     FZooming = false;
+}
+
+void TKxDrawingWorld::CancelDrags()
+{
+    CancelZoom();
+    FDraggingStart = FDraggingStop = false;
 }
 
 void TKxDrawingWorld::EndZoom()

@@ -132,8 +132,22 @@ void TControl::SetVisible(bool visible)
     if (TWindowControl* root = RootWindow(); root && !visible)
         root->Forget(this);
     CMVisibleChanged();
+    AnnounceShowing();
     if (FParent)
         FParent->AlignControls();
+}
+
+bool TControl::IsShowing() const
+{
+    return FVisible && (!FParent || FParent->IsShowing());
+}
+
+void TControl::AnnounceShowing()
+{
+    CMShowingChanged();
+    if (auto* window = dynamic_cast<TWindowControl*>(this))
+        for (TControl* control : std::vector(window->Controls()))
+            control->AnnounceShowing();
 }
 
 void TControl::SetEnabled(bool enabled)

@@ -48,6 +48,8 @@ public:
 
     bool GetVisible() const { return FVisible; }
     void SetVisible(bool visible);
+    /// Whether it and all that it stands in are visible.
+    bool IsShowing() const;
     bool GetEnabled() const { return FEnabled; }
     void SetEnabled(bool enabled);
     TAlign GetAlign() const { return FAlign; }
@@ -127,6 +129,8 @@ protected:
     virtual void CMTextChanged() {}
     virtual void CMFontChanged();
     virtual void CMVisibleChanged() { Invalidate(); }
+    /// This control, or one that it stands in, was shown or hidden.
+    virtual void CMShowingChanged() {}
     virtual void CMColorChanged() { Invalidate(); }
     /// The tree's resolution has changed; fonts and bounds already follow.
     virtual void CMScaleChanged() {}
@@ -149,6 +153,7 @@ private:
     void ScaleTo(double scale);
     void TakeScale(double scale);
     void AnnounceScale();
+    void AnnounceShowing();
 
     TWindowControl* FParent = nullptr;
     TRect FBounds;

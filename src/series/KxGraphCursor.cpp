@@ -69,7 +69,7 @@ void TKxGraphCursor::SetShown(bool shown)
 
 const std::vector<TKxReading>& TKxGraphCursor::Readings()
 {
-    if (FReader.HasGone())
+    if (FStale || FReader.HasGone())
         Read();
     return FReadings;
 }
@@ -84,6 +84,7 @@ bool TKxGraphCursor::Follow()
 {
     if (!FGraph || !FShown)
         return false;
+    FStale = FStale || FReader.HasGone();
     FReader.Follow(*FGraph);
     return FReader.Count() > 0;
 }
@@ -180,7 +181,9 @@ void TKxGraphCursor::Read()
 {
     FReadings.clear();
     FCurrent = -1;
-    if (!Follow())
+    const bool canRead = Follow();
+    FStale = false;
+    if (!canRead)
         return;
     int place = FReader.PlaceOf(FSeries);
     for (int i = 0; place < 0 && i < FReader.Count(); ++i)

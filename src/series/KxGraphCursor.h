@@ -60,6 +60,7 @@ private:
     int FCurrent = -1;  ///< among the readings
     bool FShown = false;
     bool FMoving = false;
+    bool FStale = false;  ///< readings of series that are gone
 };
 
 }  // namespace plotkit

@@ -68,10 +68,8 @@ void TKxGraphInput::Escape()
         return FNavigator.CancelDrag();
     if (FFrame.GetShown())
         return FFrame.SetShown(false);
-    if (FGraph->World().IsZooming()) {
-        FGraph->SetAutoZoom(false);
-        return TakeZoomRectangle();
-    }
+    if (FGraph->World().IsZooming())
+        return FGraph->World().CancelDrags();
     if (FArrows != arView)
         FArrows = arView;
     else if (FCursor.GetShown())

@@ -58,7 +58,7 @@ double ValueAt(const TKxAxisMapping& mapping, double place)
 
 bool CanBeRead(TKxSeries& series)
 {
-    if (!series.GetXData() || !series.GetYData() || !series.GetXAxis() || !series.GetYAxis())
+    if (!series.GetShown() || !series.GetXData() || !series.GetYData() || !series.GetXAxis() || !series.GetYAxis())
         return false;
     const TKxPointStyle* const points = series.SamplePoints();
     return series.GetLineStyle().GetVisible() || series.GetAreaStyle().GetVisible() || (points && points->GetVisible());

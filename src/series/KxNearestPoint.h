@@ -16,7 +16,7 @@ double PlaceOf(const TKxAxisMapping& mapping, double value);
 /// The value at such a place.
 double ValueAt(const TKxAxisMapping& mapping, double place);
 
-/// Whether a series can be read: both vectors, both axes, something of it drawn.
+/// Whether a series can be read: both vectors, both axes, not hidden, something of it drawn.
 bool CanBeRead(TKxSeries& series);
 
 /// A search in the values of one series, whose axes are laid out. Abscissae that ascend or descend are searched by

@@ -28,7 +28,7 @@ void TKxSeriesReader::Add(const TKxSeriesList& list, std::vector<std::unique_ptr
 
 bool TKxSeriesReader::HasGone() const
 {
-    return std::any_of(FPoints.begin(), FPoints.end(), [](const auto& points) { return !points->Series(); });
+    return std::any_of(FPoints.begin(), FPoints.end(), [](const auto& points) { return points->Count() < 0; });
 }
 
 int TKxSeriesReader::PlaceOf(const TKxSeries* series) const

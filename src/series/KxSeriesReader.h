@@ -27,7 +27,7 @@ public:
     /// by its children. What is known of those that stay is kept.
     void Follow(TKx2DGraph& graph);
 
-    /// Whether one of the series is gone since.
+    /// Whether one of the series is gone since, or can no longer be read.
     bool HasGone() const;
     int Count() const { return static_cast<int>(FPoints.size()); }
     TKxNearestPoint& Points(int i) { return *FPoints[static_cast<std::size_t>(i)]; }

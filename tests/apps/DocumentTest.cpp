@@ -11,6 +11,7 @@
 #include "host/Host.h"
 #include "plotkit/ColourScheme.h"
 #include "plotkit/UserSettings.h"
+#include "series/KxDataSeries.h"
 #include "support/MessageOf.h"
 
 namespace plotkit {
@@ -74,8 +75,8 @@ TEST_F(DocumentTest, LooksKeepWhatTheyDoNotKnowAndSayWhatIsBad)
     TDocument document(OptionsFor("sunspots-monthly.csv"));
     std::ofstream(Path("look.ini")) << "[Other]\nKey=1\n\n[Graph]\nOwn=stays\nColor=red\nShowTitle=1\n\n"
                                     << "[Graph.XAxis1]\nStart=1,5\nStop=1600\nScaling=9\n";
-    const TKxAxis& x = *document.Plot().Graph->GetPrimaryXAxis();
     document.UseLook(Path("look.ini"));
+    const TKxAxis& x = *document.Plot().Graph->GetPrimaryXAxis();
     const std::string file = Path("look.ini");
     EXPECT_EQ(document.Notes(), (std::vector<std::string>{file + ": [Graph] Color: \"red\" cannot be used",
                                                           file + ": [Graph.XAxis1] Scaling: \"9\" cannot be used",
@@ -93,6 +94,28 @@ TEST_F(DocumentTest, LooksKeepWhatTheyDoNotKnowAndSayWhatIsBad)
     std::ofstream(Path("text.ini")) << "year,value\n1,2\n";
     EXPECT_EQ(MessageOf<EConvertError>([&] { document.UseLook(Path("text.ini")); }),
               Path("text.ini") + ": no look of a graph, there is no section [Graph]");
+}
+
+TEST_F(DocumentTest, ALookFitsOtherData)
+{
+    TOptions options = OptionsFor("buoy-44005-2012-10-11.csv");
+    options.YScale = scLog;
+    options.YCaption = "own";
+    TDocument(options).SaveLookAs(Path("look.ini"));
+    // No dates on an axis of numbers, no caption of another column, no logarithm of what is not positive.
+    options = OptionsFor("gistemp-annual.csv");
+    options.LookFile = Path("look.ini");
+    TDocument other(options);
+    EXPECT_EQ(other.Plot().Graph->GetPrimaryXAxis()->GetScaling(), AxNormal);
+    EXPECT_EQ(other.Plot().Graph->GetPrimaryXAxis()->GetUserCaption(), "year");
+    EXPECT_EQ(other.Plot().Graph->GetPrimaryYAxis()->GetUserCaption(), "own");
+    EXPECT_EQ(other.ChoiceDescription(), "X: year, Y: anomaly_degC (66 values, 78 missing)");
+    options.YScale = scLinear;
+    options.Area = true;  // the look has none
+    EXPECT_TRUE(TDocument(options).Plot().Series[0]->GetAreaStyle().GetVisible());
+    options.YScale = scLog;
+    const TDocument noArea(options);
+    EXPECT_EQ(noArea.Notes().back(), "a logarithmic Y axis has no zero; areas are left out");
 }
 
 TEST_F(DocumentTest, AnotherSchemeKeepsViewAndLook)

@@ -160,7 +160,7 @@ TEST_F(Follow, TheGraphIsThatOfTheWholeFile)
     const TCsvTable table = ReadCsvFile(File, reading);
     Followed = std::make_unique<TFollowedPlot>(Plot, table, Choice, Options);
     int grown = 0;
-    Followed->OnGrown = [&] { ++grown; };
+    Followed->OnGrown = [&](const TFollowedRows&) { ++grown; };
     Followed->Start();
     Plot.Form->Picture();
     Append(text.substr(half, 100));

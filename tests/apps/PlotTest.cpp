@@ -134,7 +134,7 @@ TEST(Plot, LogarithmicAxesShowPositiveValuesAlone)
     TColumnChoice choice = Choose("t,a,b\n1,0,2\n2,0.03,1\n3,500,1\n4,,1\n", {"a", "b"});
     const TArray<double> before = choice.Ys[1].Values;
     EXPECT_EQ(FitToLogScales(choice, options),
-              std::vector<std::string>{"--y-scale: column \"a\": 1 value is not positive and left out"});
+              std::vector<std::string>{"column \"a\": 1 value is not positive and left out of the logarithmic scale"});
     EXPECT_EQ(choice.Ys[0].ValueCount, 2U);
     EXPECT_TRUE(choice.Ys[1].Values.IsSharedWith(before));
     const TPlot plot = BuildPlot(choice, options);
@@ -147,7 +147,7 @@ TEST(Plot, LogarithmicAxesShowPositiveValuesAlone)
         FitToLogScales(choice, options);
         ADD_FAILURE() << "no error";
     } catch (const EConvertError& error) {
-        EXPECT_EQ(error.Message(), "--y-scale: column \"a\" has no positive value for a logarithm");
+        EXPECT_EQ(error.Message(), "column \"a\" has no positive value for a logarithmic scale");
     }
 }
 

@@ -87,7 +87,7 @@ cp kept.png before.png
 run 2 'missing.csv: there is no such file' render missing.csv -o kept.png
 run 2 'this is a directory' render "$room" -o kept.png
 run 2 'quote.csv: line 3, column 2 (b)' render quote.csv -o kept.png
-run 2 '--y-scale: column "b" has no positive value' render negative.csv --y-scale log -o kept.png
+run 2 'column "b" has no positive value' render negative.csv --y-scale log -o kept.png
 run 2 '--size: "12" is no size' render negative.csv --size 12 -o kept.png
 run 2 '--output' render negative.csv
 run 2 'this is a directory' show "$room"

@@ -62,8 +62,7 @@ TEST(LargeIni, ReadsValuesOrDefaults)
     EXPECT_EQ(list.ReadInteger("S", "bad", 7), 7);
     EXPECT_EQ(list.ReadOrdinal("S", "Color", psDash, PenStyleNames.size()), psDash);
     list.ReadReal("S", "none", 1);
-    EXPECT_EQ(problems,
-              (std::vector<TKxIniProblem>{{"S", "yes", "yes"}, {"S", "bad", "-"}, {"S", "Color", "255"}}));
+    EXPECT_EQ(problems, (std::vector<TKxIniProblem>{{"S", "yes", "yes"}, {"S", "bad", "-"}, {"S", "Color", "255"}}));
     list.SetProblems(nullptr);
     EXPECT_TRUE(list.ReadBool("S", "true", false) && list.ReadBool("S", "empty", true));
     list.WriteRealDigits("S", "short", 1.0 / 3, 5);
@@ -118,6 +117,13 @@ TEST(LargeIniFile, IsWrittenOnceAndOnlyWhenChanged)
         std::filesystem::remove(file);
     }
     EXPECT_FALSE(std::filesystem::exists(file)) << "written though nothing changed since Save";
+    {
+        TKxLargeIniFile ini(file);
+        ini.WriteString("S", "A", "1");
+        ini.Save();
+        ini.Put(1, "A=2");
+    }
+    EXPECT_EQ(ReadWholeFile(file), "[S]\r\nA=2\r\n");
 }
 
 TEST(LargeIniFile, FailsAloudButNotWhileUnwinding)

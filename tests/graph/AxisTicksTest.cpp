@@ -170,6 +170,15 @@ TEST(AxisTicksTest, LabelsAreAsDenseAsTheyFit)
         }
         EXPECT_EQ(painted, c.Painted);
     }
+    // Linear steps within a small part of a decade, twelve characters a label.
+    const auto axis = MakeAxis(AxBottomPos, AxLog, 1, 10);
+    axis->ShowExactly(1e-7, 1.014e-7);
+    axis->CalculateEnds();
+    axis->CalculateTicks();
+    std::string painted;
+    for (const TKxCaptionRec& label : axis->ScaleLabels())
+        painted += label.DoPaint ? label.Text + "," : "-";
+    EXPECT_EQ(painted, "0.0000001000,-0.0000001004,-0.0000001008,-0.0000001012,-");
 }
 
 TEST(AxisTicksTest, ZeroIsNotLabelledWhereTheAxesCrossThere)

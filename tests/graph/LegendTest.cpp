@@ -238,6 +238,14 @@ TEST_F(TLegendTest, IsDraggedWithinTheGraph)
     EXPECT_EQ(Legend->Bounds().Right, 600);
     EXPECT_EQ(Legend->GetTop(), 0);
 
+    Form.DispatchMouseDown(mbLeft, {}, 595, 10);
+    Legend->SetVisible(false);
+    Legend->SetVisible(true);
+    Form.Picture();
+    Form.DispatchMouseMove({}, 595, 60);
+    EXPECT_EQ(Legend->GetTop(), 0) << "let go of when it was hidden";
+    Form.DispatchMouseUp(mbLeft, {}, 595, 60);
+
     // A graph that becomes too small moves it for as long as it is.
     const TRect wide = Legend->Bounds();
     Graph->SetWidth(300);

@@ -82,6 +82,9 @@ TEST_F(TNavigatorTest, ZoomKeepsWhatStandsAtThePointer)
     EXPECT_DOUBLE_EQ(X->GetStop() - X->GetStart(), (wide.second - wide.first) / 2);
     Form.Picture();
     EXPECT_DOUBLE_EQ(X->GetStop() - X->GetStart(), (wide.second - wide.first) / 2) << "ends are not rounded";
+    EXPECT_TRUE(Slave->CanZoomBack()) << "series on it would draw symbols outside";
+    Navigator->Home();
+    EXPECT_FALSE(Slave->CanZoomBack());
 }
 
 TEST_F(TNavigatorTest, PanMovesEveryAxisTheSameWayOnTheScreen)

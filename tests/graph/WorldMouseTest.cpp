@@ -118,6 +118,21 @@ TEST_F(TWorldMouseTest, TheGraphHearsTheMouseFirst)
     Form.DispatchMouseDown(mbLeft, {}, 120, 200);
     Form.DispatchMouseUp(mbLeft, {}, 120, 200);
     EXPECT_EQ(Log, "graph100 world100 Graph World ");
+    Graph->OnMouseUp = [this](TMouseButton, TShiftState, int, int) { delete std::exchange(Graph, nullptr); };
+    Form.DispatchMouseDown(mbLeft, {}, 120, 200);
+    Form.DispatchMouseUp(mbLeft, {}, 120, 200);
+    EXPECT_EQ(Graph, nullptr);
+}
+
+TEST_F(TWorldMouseTest, HidingTheGraphEndsDrags)
+{
+    Graph->SetAutoZoom(true);
+    Form.Picture();
+    Form.DispatchMouseDown(mbLeft, {}, 100, 100);
+    Form.DispatchMouseMove({}, 150, 150);
+    Form.SetVisible(false);  // or whatever it stands in
+    EXPECT_TRUE(Form.Overlay().Commands.empty());
+    EXPECT_FALSE(World().IsZooming());
 }
 
 }  // namespace

@@ -167,6 +167,19 @@ TEST_F(TCursorTest, ReadsAllSeriesAtTheHairLine)
     EXPECT_EQ(cursor.Current()->X, 90);
     delete cursor.Current()->Series;
     EXPECT_EQ(cursor.Readings().size(), 1U);
+    Graph->SetVisible(false);
+    EXPECT_TRUE(Form->Overlay().Commands.empty());
+    Graph->SetVisible(true);
+    EXPECT_FALSE(Form->Overlay().Commands.empty());
+    TKxSeries* const last = cursor.Current()->Series;
+    last->SetShown(false);
+    cursor.MoveTo(PixelAt(10, 10));
+    EXPECT_TRUE(cursor.Readings().empty()) << "hidden by a legend";
+    last->SetShown(true);
+    cursor.MoveTo(PixelAt(10, 10));
+    EXPECT_EQ(cursor.Readings().size(), 1U);
+    delete Graph->PrimaryYAxis();
+    EXPECT_TRUE(CursorLines(cursor).empty()) << "no axis to read at";
     cursor.SetShown(false);
     EXPECT_TRUE(Form->Overlay().Commands.empty());
     cursor.SetShown(true);
@@ -295,10 +308,15 @@ TEST_F(TCursorTest, MouseAndKeysWorkEverything)
         key(kyEscape);
     EXPECT_FALSE(input->Cursor().GetShown() || input->Markers().GetShown());
     EXPECT_EQ(heard, "down down down down ");
+    Form->DispatchMouseDown(mbLeft, none, middle.X, middle.Y);
+    key(kyEscape);
+    EXPECT_TRUE(Graph->GetAutoZoom() && !Graph->World().IsZooming());
+    Form->DispatchMouseUp(mbLeft, none, middle.X, middle.Y);
+    heard.clear();
     input.reset();
     EXPECT_FALSE(Graph->GetAutoZoom() || Graph->World().OnMouseWheel);
     drag(mbMiddle, {-50, 0});
-    EXPECT_EQ(heard, "down down down down down ");
+    EXPECT_EQ(heard, "down ");
 }
 
 }  // namespace

@@ -245,6 +245,25 @@ TEST_F(TSeriesTest, LookComesBackFromIni)
     EXPECT_EQ(back->GetLineStyle().GetWidth(), 4);
 }
 
+TEST_F(TSeriesTest, OutfitReachesSeriesThatChangeTheirAxis)
+{
+    TKxDataSeries* const series[] = {MakeSeries<TKxDataSeries>(), MakeSeries<TKxDataSeries>()};
+    series[0]->GetLineStyle().SetWidth(3);
+    series[1]->GetLineStyle().SetWidth(5);
+    TKxIniList list;
+    Graph->SaveOutfit("G", list);
+    auto* const other = new TKxAxis(Form.get());
+    other->SetParent(Graph);
+    series[0]->SetXAxis(other);
+    Form->Picture();
+    for (TKxDataSeries* one : series)
+        one->GetLineStyle().SetWidth(1);
+    Graph->LoadOutfit("G", list);
+    EXPECT_EQ(series[0]->GetXAxis(), Graph->PrimaryXAxis());
+    EXPECT_EQ(series[0]->GetLineStyle().GetWidth(), 3);
+    EXPECT_EQ(series[1]->GetLineStyle().GetWidth(), 5);
+}
+
 TEST_F(TSeriesTest, DesignerShowsSamplesAndFollowsTheOrder)
 {
     TFakeHost host;

@@ -8,6 +8,8 @@
 #include <QListWidget>
 #include <QMimeData>
 #include <QPlainTextEdit>
+#include <QScreen>
+#include <QStatusBar>
 #include <QTemporaryDir>
 #include <QThread>
 #include <fstream>
@@ -158,6 +160,11 @@ TEST_F(WindowTest, ReadingsAreShownWhileTheCursorIs)
     Settle();
     EXPECT_TRUE(readings->isVisible());
     EXPECT_TRUE(readings->text().startsWith("co2_ppm: x = 19")) << readings->text().toStdString();
+    for (QAction* action : Window->findChildren<QAction*>())
+        if (action->text() == "&Linear")
+            action->trigger();
+    Settle();
+    EXPECT_FALSE(readings->isVisible());  // the cursor went with the graph
     Action("Copy picture")->trigger();
     EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasFormat("image/svg+xml"));
     EXPECT_TRUE(QApplication::clipboard()->mimeData()->hasImage());
@@ -170,8 +177,28 @@ TEST_F(WindowTest, FollowedFilesGrow)
     Open(file);
     Action("Follow as it grows")->trigger();
     Settle();
+    Action("Zoom in")->trigger();
+    Settle();
+    const auto abscissae = [&] {
+        const QImage shown = View().Shown();
+        return shown.copy(0, shown.height() - 50, shown.width(), 50);
+    };
+    const QImage zoomed = abscissae();
+    std::ofstream(file, std::ios::app) << "3,30\n";
+    const auto* said = Window->statusBar()->findChildren<QLabel*>().back();
+    for (int i = 0; i < 100 && !said->text().contains("3 values"); ++i) {
+        QThread::msleep(50);
+        QApplication::processEvents();
+    }
+    EXPECT_TRUE(said->text().endsWith("v (3 values)")) << said->text().toStdString();
+    EXPECT_EQ(abscissae(), zoomed);
+    Action("Reload")->trigger();
+    Settle();
+    EXPECT_EQ(abscissae(), zoomed);  // the reader stays where he looks
+    Action("Home")->trigger();
+    Settle();
     const QImage before = View().Shown();
-    std::ofstream(file, std::ios::app) << "3,40\n";
+    std::ofstream(file, std::ios::app) << "4,40\n";
     for (int i = 0; i < 100 && View().Shown() == before; ++i) {
         QThread::msleep(50);
         QApplication::processEvents();
@@ -187,6 +214,11 @@ TEST_F(WindowTest, ThePlaceIsRemembered)
     Open(CO2);
     Window->RestorePlace();
     EXPECT_EQ(Window->geometry(), QRect(120, 90, 640, 480));
+    Window->setGeometry(5000, -300, 640, 480);
+    Window->close();
+    Open(CO2);
+    Window->RestorePlace();
+    EXPECT_TRUE(Window->screen()->availableGeometry().contains(Window->geometry()));
 }
 
 }  // namespace

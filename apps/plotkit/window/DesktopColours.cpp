@@ -43,6 +43,13 @@ void SetWindowColours(TSchemeChoice colours)
     static const QPalette desktop = QApplication::palette();
     const QPalette palette = colours == ccAuto ? desktop : PaletteOf(colours == ccDark);
     QApplication::setPalette(palette);
+    // The style takes the frames of check boxes from the window's colour, darker: on dark ground they would not be
+    // seen.
+    QPalette boxes = palette;
+    if (WindowsAreDark())
+        boxes.setColor(QPalette::Window, QColor(150, 150, 156));
+    for (const char* kind : {"QAbstractItemView", "QCheckBox"})
+        QApplication::setPalette(boxes, kind);
     QToolTip::setPalette(palette);
 }
 

@@ -1,3 +1,4 @@
+#include <QDir>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
@@ -19,6 +20,11 @@ const char* const LookFiles = "Looks (*.ini)";
 
 }  // namespace
 
+QString TMainWindow::Folder() const
+{
+    return HasGraph() ? QFileInfo(QString::fromStdString(FDocument->Options().File)).absolutePath() : QString();
+}
+
 QString TMainWindow::PictureName() const
 {
     return QFileInfo(QString::fromStdString(FDocument->Options().File)).completeBaseName();
@@ -26,21 +32,21 @@ QString TMainWindow::PictureName() const
 
 void TMainWindow::AskForFile()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), {}, tr(DataFiles));
+    const QString file = QFileDialog::getOpenFileName(this, tr("Open"), Folder(), tr(DataFiles));
     if (!file.isEmpty())
         Open(file.toStdString());
 }
 
 void TMainWindow::AskForLook()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), {}, tr(LookFiles));
+    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), Folder(), tr(LookFiles));
     if (!file.isEmpty())
         UseLook(file.toStdString());
 }
 
 void TMainWindow::AskWhereToSaveLook()
 {
-    QFileDialog dialog(this, tr("Save look"), {}, tr(LookFiles));
+    QFileDialog dialog(this, tr("Save look"), Folder(), tr(LookFiles));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("ini");
     // Saving changes only the look in a file that is there.
@@ -53,7 +59,7 @@ void TMainWindow::ExportPicture()
 {
     TExportWish wish = FExportWish;
     if (wish.File.isEmpty())
-        wish.File = PictureName() + ".svg";
+        wish.File = QDir(Folder()).filePath(PictureName() + ".svg");
     auto wanted = AskForPicture(this, wish);
     if (!wanted)
         return;
@@ -89,8 +95,9 @@ void TMainWindow::ShowKeys()
 <tr><td><b>Wheel</b></td><td>zoom about the pointer; Shift: X only, Ctrl: Y only</td></tr>
 <tr><td><b>+ -</b>, x X, y Y</td><td>zoom in and out, one direction</td></tr>
 <tr><td><b>Arrows</b></td><td>pan by a tenth; Shift or Page keys: by a view</td></tr>
+<tr><td><b>Click</b> in the legend</td><td>hides a series, shows it again</td></tr>
 <tr><td><b>Home</b></td><td>the whole view</td></tr>
-<tr><td><b>Backspace</b>, Alt+Left</td><td>one view back; Shift+Backspace, Alt+Right: forward</td></tr>
+<tr><td><b>Backspace</b>, Alt+Left, right double click</td><td>one view back; Shift+Backspace, Alt+Right: forward</td></tr>
 <tr><td><b>z</b></td><td>zoom rectangle for the arrows (Shift sizes it), Enter zooms</td></tr>
 <tr><td><b>p</b></td><td>pan mode for the left button</td></tr>
 <tr><td><b>c</b></td><td>cursor; arrows step through points and series</td></tr>

@@ -90,6 +90,8 @@ void TMainWindow::AddViewMenu()
     AddScaleMenu(menu, tr("&X scale"), true);
     AddScaleMenu(menu, tr("&Y scale"), false);
     menu.addSeparator();
+    FColumns->toggleViewAction()->setText(tr("Colu&mns"));
+    FTools->toggleViewAction()->setText(tr("&Toolbar"));
     menu.addAction(FColumns->toggleViewAction());
     menu.addAction(FTools->toggleViewAction());
     AddColoursMenu(menu);
@@ -145,6 +147,9 @@ void TMainWindow::FillGraphMenu()
         FTools->addAction(action);
         FGraphTools << action;
     }
+    QAction* const copy = FInteraction->Action(gaCopyPicture);
+    copy->setShortcut(QKeySequence(tr("Ctrl+Shift+C")));
+    copy->setShortcutContext(Qt::WindowShortcut);
     FGraphMenu->addActions(FInteraction->Menu()->actions());
 }
 

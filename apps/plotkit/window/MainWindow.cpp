@@ -3,9 +3,11 @@
 #include <QCloseEvent>
 #include <QDragEnterEvent>
 #include <QFileInfo>
+#include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
 #include <QMimeData>
+#include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
 #include <QTimer>
@@ -17,8 +19,10 @@
 #include "host/Errors.h"
 #include "host/Host.h"
 #include "plotkit/DateCaption.h"
+#include "plotkit/KeptView.h"
 #include "plotkit/window/ColumnsDock.h"
 #include "plotkit/window/DesktopColours.h"
+#include "plotkit/window/ElidedLabel.h"
 #include "plotkit/window/MessageBar.h"
 #include "plotkit/window/ReadingBox.h"
 
@@ -33,6 +37,22 @@ QLabel* NewWelcome()
     auto* welcome = new QLabel(QObject::tr("Drop a data file here, or open one with Ctrl+O."));
     welcome->setAlignment(Qt::AlignCenter);
     return welcome;
+}
+
+/// The screen may have become smaller since.
+QRect KeptOnScreen(QRect place)
+{
+    const QScreen* screen = QGuiApplication::screenAt(place.center());
+    if (!screen)
+        screen = QGuiApplication::primaryScreen();
+    const QRect room = screen->availableGeometry();
+    if (room.contains(place))
+        return place;
+    constexpr int title = 32;
+    place.setSize(place.size().boundedTo(room.size() - QSize(0, title)));
+    place.moveLeft(std::clamp(place.left(), room.left(), room.right() + 1 - place.width()));
+    place.moveTop(std::clamp(place.top(), room.top() + title, room.bottom() + 1 - place.height()));
+    return place;
 }
 
 bool IsLookFile(const QString& fileName)
@@ -87,7 +107,7 @@ void TMainWindow::AddReadings(QBoxLayout& rows)
     FPlace = new QLabel(this);
     FPlace->setTextFormat(Qt::PlainText);
     FPlace->setMinimumWidth(placeWidth);
-    FDescription = new QLabel(this);
+    FDescription = new TElidedLabel(this);
     FDescription->setTextFormat(Qt::PlainText);
     FDescription->setSizePolicy(QSizePolicy::Ignored, QSizePolicy::Preferred);
     statusBar()->addWidget(FPlace);
@@ -146,9 +166,12 @@ void TMainWindow::Load(const TOptions& options)
 void TMainWindow::Show(std::unique_ptr<TDocument> document)
 {
     LeaveView();
+    // A picture of another file is another one.
+    if (HasGraph() && FDocument->Options().File != document->Options().File)
+        FExportWish.File.clear();
     FDocument = std::move(document);
-    FMessages->Clear();
     ShowGraph();
+    ReportNotes();
     const QFileInfo file(QString::fromStdString(FDocument->Options().File));
     setWindowTitle(tr("%1 - Plotkit").arg(file.fileName()));
     if (!file.isFile())
@@ -161,14 +184,27 @@ void TMainWindow::Show(std::unique_ptr<TDocument> document)
 
 void TMainWindow::Reload()
 {
-    Load(FDocument->Options());
+    LoadAgain(FDocument->Options());
+}
+
+void TMainWindow::LoadAgain(const TOptions& options)
+{
+    const TKeptView view(*FDocument->Plot().Graph);
+    const TDocument* const before = FDocument.get();
+    Load(options);
+    if (FDocument.get() == before)
+        return;
+    Try([&] {
+        FDocument->Plot().Form->Picture();
+        view.GiveTo(*FDocument->Plot().Graph);
+    });
 }
 
 void TMainWindow::Follow(bool follow)
 {
     TOptions options = FDocument->Options();
     options.Follow = follow ? std::optional(1.0) : std::nullopt;
-    Load(options);
+    LoadAgain(options);
     FFollow->setChecked(FDocument->Options().Follow.has_value());
 }
 
@@ -177,8 +213,21 @@ void TMainWindow::Rebuild(const std::function<void()>& change)
     if (!HasGraph())
         return;
     LeaveView();
-    Try(change);
+    bool isDone = false;
+    Try([&] {
+        change();
+        isDone = true;
+    });
     ShowGraph();
+    if (isDone)
+        ReportNotes();
+}
+
+void TMainWindow::ReportNotes()
+{
+    FMessages->Clear();
+    for (const std::string& note : FDocument->Notes())
+        Report(note);
 }
 
 void TMainWindow::LeaveView()
@@ -213,10 +262,9 @@ void TMainWindow::ShowGraph()
     FFollow->setChecked(FDocument->Options().Follow.has_value());
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
     ShowDescription();
-    for (const std::string& note : FDocument->Notes())
-        Report(note);
     FillGraphMenu();
     EnableForGraph();
+    ShowReadings();
 }
 
 void TMainWindow::ShowDescription()
@@ -251,12 +299,7 @@ void TMainWindow::RefreshDates()
 
 void TMainWindow::UseLook(const std::string& fileName)
 {
-    Try([&] {
-        FDocument->UseLook(fileName);
-        FMessages->Clear();
-        for (const std::string& note : FDocument->Notes())
-            Report(note);
-    });
+    Rebuild([&] { FDocument->UseLook(fileName); });
 }
 
 void TMainWindow::SetScale(bool isX, TScaleChoice scale)
@@ -278,7 +321,14 @@ void TMainWindow::MatchScheme()
     const TSchemeChoice wanted = WindowsAreDark() ? ccDark : ccLight;
     if (!HasGraph() || FDocument->Options().Scheme == wanted)
         return;
-    Rebuild([&] { FDocument->SetScheme(wanted); });
+    const TKeptView view(*FDocument->Plot().Graph);
+    LeaveView();
+    Try([&] {
+        FDocument->SetScheme(wanted);
+        FDocument->Plot().Form->Picture();
+        view.GiveTo(*FDocument->Plot().Graph);
+    });
+    ShowGraph();
 }
 
 void TMainWindow::changeEvent(QEvent* event)
@@ -296,7 +346,9 @@ void TMainWindow::RestorePlace()
                    screen.Top + (screen.Height() - FOptions.Height) / 2, FOptions.Width, FOptions.Height);
     FSettings.ReadPlace(form);
     const TRect place = form.NormalBounds();
-    setGeometry(place.Left, place.Top, place.Width(), place.Height());
+    const QRect wanted(place.Left, place.Top, FOptions.HasSize ? FOptions.Width : place.Width(),
+                       FOptions.HasSize ? FOptions.Height : place.Height());
+    setGeometry(KeptOnScreen(wanted));
     if (form.GetWindowState() == wsMaximized)
         setWindowState(Qt::WindowMaximized);
 }

@@ -76,11 +76,15 @@ private:
 
     // The document and its view.
     void Load(const TOptions& options);
+    /// The same file, from the present view on.
+    void LoadAgain(const TOptions& options);
     /// Runs a change that replaces the document's graph, and shows the new one.
     void Rebuild(const std::function<void()>& change);
+    void ReportNotes();
     void ShowGraph();
     void LeaveView();
-    /// The text of a title, without its codes, or the name of the file.
+    /// Where the file is; empty without one.
+    QString Folder() const;
     QString PictureName() const;
     void MatchScheme();
     void RefreshDates();
