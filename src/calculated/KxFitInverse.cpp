@@ -1,13 +1,14 @@
 #include "calculated/KxFitInverse.h"
 
-#include "host/Errors.h"
+#include "calculated/KxAkima.h"
 
 namespace plotkit {
 
-// There is no interpolation in this folder yet.
-TKxMisfit::TInverse FitInverse(std::span<const double>, std::span<const double>)
+TKxMisfit::TInverse FitInverse(std::span<const double> x, std::span<const double> y)
 {
-    throw EMathError("no interpolation");
+    const auto inverse = std::make_shared<TKxAkima>();
+    inverse->RecalculateCoeffs(-1.7e308, 1.7e308, y, x, std::nullopt);
+    return [inverse](double ordinate) { return inverse->Interpolate(ordinate); };
 }
 
 }  // namespace plotkit

@@ -210,26 +210,35 @@ void TKxFittedLine::Iterate(TKxSimplexFit& simplex)
     } while (FStepsLeft >= 0 && FChiSquare != 0.0);
 }
 
-double TKxFittedLine::PlaceholderY(double x) const
+/// What the parent's data take, or else what the axis shows: a line over all of an axis would keep the axis from
+/// following the data.
+std::pair<double, double> TKxFittedLine::PlaceholderSpan(bool isX) const
 {
-    const TKxAxis* const xAxis = GetXAxis();
-    const TKxAxis* const yAxis = GetYAxis();
-    if (!xAxis || !yAxis)
-        return x;
-    const double t = (x - xAxis->GetStart()) / (xAxis->GetStop() - xAxis->GetStart());
-    return yAxis->GetStart() + (yAxis->GetStop() - yAxis->GetStart()) * t * t * (3 - 2 * t);
+    TKxNotCalculatedSeries* const parent = GetParentSeries();
+    const TKxAxis* const axis = isX ? GetXAxis() : GetYAxis();
+    if (parent) {
+        const TRange& data = isX ? parent->XRange() : parent->YRange();
+        if (data.GetStart() < data.GetStop())
+            return {data.GetStart(), data.GetStop()};
+    }
+    return axis ? std::pair(axis->GetStart(), axis->GetStop()) : std::pair(0.0, 1.0);
 }
 
-/// A gentle S from one corner of the plotting area to the other.
+double TKxFittedLine::PlaceholderY(double x) const
+{
+    const auto [start, stop] = PlaceholderSpan(true);
+    const auto [low, high] = PlaceholderSpan(false);
+    const double t = std::clamp((x - start) / (stop - start), 0.0, 1.0);
+    return low + (high - low) * t * t * (3 - 2 * t);
+}
+
+/// A gentle S from corner to corner.
 void TKxFittedLine::DrawPlaceholder()
 {
-    const TKxAxis* const axis = GetXAxis();
-    if (!axis)
-        return;
+    const auto [start, stop] = PlaceholderSpan(true);
     std::vector<double> xs, ys;
     for (int i = 0; i < PlaceholderSamples; ++i) {
-        const double t = static_cast<double>(i) / (PlaceholderSamples - 1);
-        xs.push_back(axis->GetStart() + t * (axis->GetStop() - axis->GetStart()));
+        xs.push_back(start + i * (stop - start) / (PlaceholderSamples - 1));
         ys.push_back(PlaceholderY(xs.back()));
     }
     SetResult(std::move(xs), std::move(ys));

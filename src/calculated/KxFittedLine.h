@@ -3,6 +3,7 @@
 #pragma once
 
 #include <string>
+#include <utility>
 #include <vector>
 
 #include "calculated/KxCalculatedSeries.h"
@@ -77,6 +78,7 @@ private:
     void ResizeVariables();
     void Iterate(TKxSimplexFit& simplex);
     TKxFitPoints FitPoints() const { return {FFitX, FFitY, FFitW}; }
+    std::pair<double, double> PlaceholderSpan(bool isX) const;
     double PlaceholderY(double x) const;
     void DrawPlaceholder();
 

@@ -13,7 +13,6 @@ namespace {
 constexpr double Infinity = std::numeric_limits<double>::infinity();
 constexpr double NoSlope = 1.7e308;
 constexpr int NeighbourSteps = 4;
-constexpr std::size_t Batch = 16;
 constexpr int Halvings = 31;
 /// Below this part of its operands a difference has lost digits that the other form of the same root still has.
 constexpr double Cancelled = 0x1p-10;

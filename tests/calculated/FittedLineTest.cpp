@@ -151,6 +151,15 @@ TEST_F(TFittedLineTest, ErrorsInAbscissaeNeedOrdinatesThatDiffer)
     EXPECT_EQ(Calculate(), "");
 }
 
+TEST_F(TFittedLineTest, ErrorsInAbscissaeCountWithCovariance)
+{
+    Line->SetDoCovariance(true);
+    EXPECT_EQ(Calculate(), "");
+    EXPECT_NEAR(Line->GetVariables()[0], 2, 1e-4);
+    EXPECT_NEAR(Line->GetVariables()[1], 0.5, 1e-4);
+    EXPECT_EQ(Result("VarianceCoVariance"), "Covariance");
+}
+
 TEST_F(TFittedLineTest, WithoutFormulasAnExpressionIsCarriedAlong)
 {
     ASSERT_EQ(FormulaCompiler(), nullptr);
