@@ -1,6 +1,8 @@
 #include "calculated/LineSums.h"
 
 #include <algorithm>
+#include <bit>
+#include <cstdint>
 #include <limits>
 
 #include "calculated/PreciseLanes.h"
@@ -12,11 +14,16 @@ namespace {
 constexpr std::size_t StripsPerBlock = 32;
 constexpr double Largest = std::numeric_limits<double>::max();
 
+/// The value or 0. Branches in a loop keep compilers from making it vector code.
+PLOTKIT_INLINE double Masked(double value, std::uint64_t mask)
+{
+    return std::bit_cast<double>(std::bit_cast<std::uint64_t>(value) & mask);
+}
+
 /// One strip in the units of the points; where a point takes no part it weighs nothing and stands at 0.
 struct TWeighedStrip
 {
     TLanes X, Y, W;
-    TLanes Used;  ///< 1 or 0
 };
 
 class TLoader
@@ -50,18 +57,17 @@ public:
         const double* const xs = isWhole ? FX + first : FLastX.Values;
         const double* const ys = isWhole ? FY + first : FLastY.Values;
         const double* const ws = isWhole && IsWeighted ? FW + first : FLastW.Values;
+        const double start = FStart, stop = FStop, xFactor = FXFactor, yFactor = FYFactor;
         for (std::size_t i = 0; i < StripLength; ++i) {
             const double x = xs[i], y = ys[i];
-            bool used = (x >= FStart) & (x <= FStop) & (__builtin_fabs(x) <= Largest) & (__builtin_fabs(y) <= Largest);
-            double w = 1;
-            if constexpr (IsWeighted) {
-                w = __builtin_fabs(ws[i]);
-                used = used & (w <= Largest);
-            }
-            strip.X[i] = used ? x * FXFactor : 0;
-            strip.Y[i] = used ? y * FYFactor : 0;
-            strip.W[i] = used ? w : 0;
-            strip.Used[i] = used ? 1 : 0;
+            const double w = IsWeighted ? __builtin_fabs(ws[i]) : 1;
+            const std::uint64_t in = std::uint64_t{x >= start} & std::uint64_t{x <= stop} &
+                                     std::uint64_t{__builtin_fabs(x) <= Largest} &
+                                     std::uint64_t{__builtin_fabs(y) <= Largest} & std::uint64_t{w <= Largest};
+            const std::uint64_t mask = 0 - in;
+            strip.X[i] = Masked(x * xFactor, mask);
+            strip.Y[i] = Masked(y * yFactor, mask);
+            strip.W[i] = Masked(w, mask);
         }
     }
 
@@ -75,20 +81,33 @@ private:
     TLanes FLastX, FLastY, FLastW;
 };
 
-double Total(const TLanes& lanes)
+/// Adds the second half to the first, and so on, so that no sum waits for the one before.
+template <std::size_t Half>
+PLOTKIT_INLINE void AddHalves(TPreciseLanes& lanes)
 {
-    double sum = 0;
-    for (const double value : lanes.Values)
-        sum += value;
-    return sum;
+    for (std::size_t i = 0; i < Half; ++i) {
+        const TDoubleDouble sum = TwoSum(lanes.High[i], lanes.High[i + Half]);
+        lanes.High[i] = sum.High;
+        lanes.Low[i] += lanes.Low[i + Half] + sum.Low;
+    }
+    if constexpr (Half > 1)
+        AddHalves<Half / 2>(lanes);
 }
 
-TDoubleDouble Total(const TPreciseLanes& lanes)
+/// The lanes are used up.
+PLOTKIT_INLINE TDoubleDouble Total(TPreciseLanes& lanes)
 {
-    TDoubleDouble sum;
-    for (std::size_t i = 0; i < StripLength; ++i)
-        sum += TwoSum(lanes.High[i], lanes.Low[i]);
-    return sum;
+    AddHalves<StripLength / 2>(lanes);
+    return TwoSum(lanes.High[0], lanes.Low[0]);
+}
+
+PLOTKIT_INLINE double Total(const TLanes& lanes)
+{
+    double sums[8] = {};
+    for (std::size_t first = 0; first < StripLength; first += 8)
+        for (std::size_t i = 0; i < 8; ++i)
+            sums[i] += lanes[first + i];
+    return ((sums[0] + sums[4]) + (sums[1] + sums[5])) + ((sums[2] + sums[6]) + (sums[3] + sums[7]));
 }
 
 PLOTKIT_INLINE void AddTo(TPreciseLanes& sums, std::size_t i, double term)
@@ -109,8 +128,9 @@ struct TExtremes
     }
     PLOTKIT_INLINE void Take(std::size_t i, double value, bool counts)
     {
-        Least[i] = counts && value < Least[i] ? value : Least[i];
-        Most[i] = counts && value > Most[i] ? value : Most[i];
+        const double least = counts ? value : Least[i], most = counts ? value : Most[i];
+        Least[i] = least < Least[i] ? least : Least[i];
+        Most[i] = most > Most[i] ? most : Most[i];
     }
     double LeastOfAll() const { return *std::min_element(std::begin(Least.Values), std::end(Least.Values)); }
     double MostOfAll() const { return *std::max_element(std::begin(Most.Values), std::end(Most.Values)); }
@@ -122,7 +142,7 @@ struct TBlockSums
     TPreciseLanes W, X, Y, XX, YY, XY;
 };
 
-TLineMoments MomentsOfBlock(const TBlockSums& sums, double aboutX, double aboutY)
+PLOTKIT_INLINE TLineMoments MomentsOfBlock(TBlockSums& sums, double aboutX, double aboutY)
 {
     TLineMoments block;
     block.Weight = Total(sums.W);
@@ -169,16 +189,17 @@ struct TMomentKernel
     {
         TLanes used, w, x, y;
         for (std::size_t s = 0; s < count; ++s) {
-            TWeighedStrip& strip = Strips[s];
+            TWeighedStrip strip;  // of its own: what may be part of the kernel is no vector code
             Loader.template Load<IsWeighted>(first + s, strip);
             for (std::size_t i = 0; i < StripLength; ++i) {
-                used[i] += strip.Used[i];
+                used[i] += strip.W[i] > 0 ? 1 : 0;
                 w[i] += strip.W[i];
                 x[i] += strip.W[i] * strip.X[i];
                 y[i] += strip.W[i] * strip.Y[i];
                 X.Take(i, strip.X[i], strip.W[i] > 0);
                 Y.Take(i, strip.Y[i], strip.W[i] > 0);
             }
+            Strips[s] = strip;
         }
         Moments.Count += static_cast<std::size_t>(Total(used));
         const double weight = Total(w);

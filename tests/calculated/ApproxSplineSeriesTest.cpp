@@ -38,9 +38,9 @@ TEST_F(TApproxSplineTest, CurveSlopeAndIntegralFollowTheWeightFactor)
     EXPECT_EQ(line->ResultText("X-Minima(2)"), "...");
     EXPECT_NEAR(std::stod(slope->ResultText("X-Minima(1)")), M_PI, 0.5);
     EXPECT_NE(area->ResultText("Y-Maxima(1)"), "...");
-    EXPECT_EQ(Parent->CaptionIni().ReadString("ApproximativeSpline", "Formula", ""), "Approximative Spline");
-    EXPECT_EQ(Parent->CaptionIni().ReadString("ApproximativeSplineDifferentiation", "Formula", ""), "Differentiation");
-    EXPECT_EQ(Parent->CaptionIni().ReadString("ApproximativeSplineIntegral", "Formula", ""), "Integration");
+    for (const char* section :
+         {"ApproximativeSpline", "ApproximativeSplineDifferentiation", "ApproximativeSplineIntegral"})
+        EXPECT_TRUE(Parent->CaptionIni().SectionExists(section)) << section;
 
     line->SetWeightFactor(1e-9);
     Form->Picture();

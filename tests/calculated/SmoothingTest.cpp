@@ -70,13 +70,10 @@ TEST(Smoothing, OneHugeValueHarmsOnlyItsNeighbourhood)
     EXPECT_NEAR(smoothed[2500], 1, 1e-14);
 }
 
-TEST(Smoothing, WindowsEndAtTheFirstDistantPoint)
-{
-    EXPECT_EQ(Smoothed(2, {0, 1, 9, 2}, {6, 0, 8, 3}), (TReals{4, 2, 8, 3}));
-}
-
 TEST(Smoothing, LeavesMissingValuesOutAndRefusesWhatItCannotDo)
 {
+    EXPECT_EQ(Smoothed(2, {0, 1, 9, 2}, {6, 0, 8, 3}), (TReals{4, 2, 8, 3}))
+        << "windows end at the first distant point";
     const double missing = std::numeric_limits<double>::quiet_NaN();
     const TReals smoothed = Smoothed(2, {0, 1, missing, 2, 3}, {6, 0, 100, 3, missing});
     EXPECT_EQ((TReals{smoothed[0], smoothed[1], smoothed[2], smoothed[3]}), (TReals{4, 2.25, 100, 2}));
