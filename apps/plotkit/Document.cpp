@@ -37,6 +37,28 @@ TOptions Undressed(TOptions options)
     return options;
 }
 
+/// A dark form in the colours for light desktops while it lasts.
+class TLightColours
+{
+public:
+    TLightColours(TForm& form, bool isDark) : FForm(form), FIsDark(isDark)
+    {
+        if (FIsDark)
+            Recolour(FForm, DarkScheme(), LightScheme());
+    }
+    TLightColours(const TLightColours&) = delete;
+    TLightColours& operator=(const TLightColours&) = delete;
+    ~TLightColours()
+    {
+        if (FIsDark)
+            Recolour(FForm, LightScheme(), DarkScheme());
+    }
+
+private:
+    TForm& FForm;
+    bool FIsDark;
+};
+
 }  // namespace
 
 TDocument::TDocument(const TOptions& options, const TReadProgress& progress)
@@ -175,18 +197,8 @@ void TDocument::SaveLookAs(const std::string& fileName)
     // The dates of the caption are those of the present view.
     if (FPlot.DateName)
         plain.Graph->GetPrimaryXAxis()->SetUserCaption(FPlot.Graph->GetPrimaryXAxis()->GetUserCaption());
-    const bool isDark = FOptions.Scheme == ccDark;
-    if (isDark)
-        Recolour(*FPlot.Form, DarkScheme(), LightScheme());
-    try {
-        SaveLook(*FPlot.Graph, *plain.Graph, fileName);
-    } catch (...) {
-        if (isDark)
-            Recolour(*FPlot.Form, LightScheme(), DarkScheme());
-        throw;
-    }
-    if (isDark)
-        Recolour(*FPlot.Form, LightScheme(), DarkScheme());
+    const TLightColours light(*FPlot.Form, FOptions.Scheme == ccDark);
+    SaveLook(*FPlot.Graph, *plain.Graph, fileName);
 }
 
 }  // namespace plotkit

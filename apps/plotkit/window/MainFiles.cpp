@@ -16,6 +16,7 @@ namespace plotkit {
 namespace {
 
 const char* const DataFiles = "Data (*.csv *.tsv *.txt *.dat *.asc);;All files (*)";
+constexpr int NewsTime = 5000;  // ms
 const char* const LookFiles = "Looks (*.ini)";
 
 }  // namespace
@@ -69,7 +70,7 @@ void TMainWindow::ExportPicture()
         return;
     wanted->Picture.Title = PictureName().toStdString();
     WriteWholeFile(wanted->File.toStdString(), DrawPicture(*FDocument->Plot().Form, wanted->Picture));
-    statusBar()->showMessage(tr("Wrote %1").arg(wanted->File));
+    statusBar()->showMessage(tr("Wrote %1").arg(wanted->File), NewsTime);
 }
 
 void TMainWindow::Print()
