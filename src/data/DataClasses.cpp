@@ -2,13 +2,14 @@
 
 #include <array>
 
+#include "data/KxDBVector.h"
 #include "data/KxVector.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 2> Classes{&TKxRealVector::Class, &TKxLiveVector::Class};
+constexpr std::array<const TClassInfo*, 3> Classes{&TKxRealVector::Class, &TKxLiveVector::Class, &TKxDBVector::Class};
 
 }  // namespace
 

@@ -77,6 +77,21 @@ void TKxCustomRealVector::Replace(TKxRealArray values)
     ReserveFor(FCount);
 }
 
+void TKxCustomRealVector::Refill(TKxRealArray values)
+{
+    const std::size_t count = values.Length();
+    if (count > static_cast<std::size_t>(MaxCount))
+        RaiseOutOfRange(MaxCount);
+    if (const std::size_t held = FValues.Length(); held > count) {
+        values.Resize(held);
+        std::copy(FValues.Read() + count, FValues.Read() + held, values.Write() + count);
+    }
+    FValues = std::move(values);
+    FCount = static_cast<int>(count);
+    while (FCapacity <= FCount)
+        FCapacity = SumOf(FCapacity, FIncrement);
+}
+
 void TKxCustomRealVector::ResizeStorage(int capacity)
 {
     FCapacity = capacity;

@@ -50,6 +50,8 @@ protected:
     void DropTo(int n) { FCount = n < 0 ? 0 : n; }
     /// Replaces all elements; what lay behind them is zero afterwards. ERangeError beyond 2^31 - 2 elements.
     void Replace(TKxRealArray values);
+    /// Count and storage as after setting the values one by one from a count of 0: elements behind them stay.
+    void Refill(TKxRealArray values);
     double* Write() { return FValues.Write(); }
 
     void ResizeStorage(int capacity);

@@ -1,6 +1,8 @@
 #include <array>
 
+#include "host/DataLink.h"
 #include "host/Form.h"
+#include "host/MemoryDataSet.h"
 #include "host/Panel.h"
 #include "host/Streaming.h"
 
@@ -8,9 +10,11 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 2> Classes{
+constexpr std::array<const TClassInfo*, 4> Classes{
     &TForm::Class,
     &TPanel::Class,
+    &TDataSource::Class,
+    &TMemoryDataSet::Class,
 };
 
 }  // namespace
