@@ -28,6 +28,21 @@ TDataSet::~TDataSet()
     BeginDestroy();
 }
 
+void TDataSet::SetActive(bool active)
+{
+    if (IsLoading())
+        FIsWanted = active;
+    else
+        active ? Open() : Close();
+}
+
+void TDataSet::Loaded()
+{
+    TComponent::Loaded();
+    if (std::exchange(FIsWanted, false))
+        Open();
+}
+
 void TDataSet::Open()
 {
     if (GetActive())
@@ -272,6 +287,25 @@ void TDataSet::RecordsChanged()
 {
     EndEdit(std::clamp(FRow, 0, std::max(RecordCount() - 1, 0)));
     Tell(dnUpdate);
+}
+
+void TDataSet::RecordEdited(int row)
+{
+    if (IsEditing() || ControlsDisabled()) {
+        Tell(dnUpdate);
+        return;
+    }
+    const int before = FRow;
+    FState = dsEdit;
+    FRow = FEditRow = row;
+    FIsModified = true;
+    try {
+        Tell(dnRecord);
+    } catch (...) {
+        EndEdit(before);
+        throw;
+    }
+    EndEdit(before);
 }
 
 void TDataSet::DisableControls()

@@ -47,7 +47,9 @@ public:
     /// A field was set since the edit began.
     bool IsModified() const { return FIsModified; }
     bool GetActive() const { return FState != dsInactive; }
-    void SetActive(bool active) { active ? Open() : Close(); }
+    /// While a form is read the wish is kept until all of it is there.
+    void SetActive(bool active);
+    void Loaded() override;
     /// Nothing when open; raises what the place of the records raises, and stays closed.
     void Open();
     /// An edit is given up.
@@ -106,6 +108,8 @@ protected:
     virtual void DoDelete(int row) = 0;
     /// To be called by classes whose records changed by themselves; ends an edit.
     void RecordsChanged();
+    /// The same for a single record whose fields were changed by somebody else.
+    void RecordEdited(int row);
     /// EComponentError that tells a closed data set.
     void CheckOpen() const;
     void SetCursor(int row) { FRow = row; }
@@ -129,6 +133,7 @@ private:
     int FDisabled = 0;
     int FRowShown = 0;  ///< when the controls were disabled
     bool FIsModified = false;
+    bool FIsWanted = false;   ///< to be opened when the form has been read
     bool FIsWalking = false;  ///< away from the record being edited
     TDataNote FPending = dnNone;
 };
