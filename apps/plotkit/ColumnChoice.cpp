@@ -173,15 +173,16 @@ void TChooser::FailWithoutNumbers(const TCsvColumn& column, std::string_view opt
         Fail(what + "dates, which only X can show");
     if (column.BadCount == 0)
         Fail(what + "no values");
-    Fail(what + "no numbers; line " + std::to_string(column.FirstBad.Line) + " has \"" + column.FirstBad.Text + "\"");
+    Fail(what + "no numbers; " + FTable.RowWord + std::to_string(column.FirstBad.Line) + " has \"" +
+         column.FirstBad.Text + "\"");
 }
 
 void TChooser::FailWithoutAnyNumbers() const
 {
     for (const TCsvColumn& column : FTable.Columns)
         if (column.Type == ctText && column.BadCount > 0)
-            Fail("no column holds numbers; line " + std::to_string(column.FirstBad.Line) + ", column \"" + column.Name +
-                 "\" has \"" + column.FirstBad.Text + "\"");
+            Fail("no column holds numbers; " + FTable.RowWord + std::to_string(column.FirstBad.Line) + ", column \"" +
+                 column.Name + "\" has \"" + column.FirstBad.Text + "\"");
     Fail("no column holds numbers");
 }
 
@@ -190,7 +191,7 @@ TChosenColumn TChooser::Take(TIndex i)
 {
     const TCsvColumn& column = FTable.Columns[i];
     if (column.GroupedCount > 0)
-        Fail("line " + std::to_string(column.FirstGrouped.Line) + ", column \"" + column.Name + "\": \"" +
+        Fail(FTable.RowWord + std::to_string(column.FirstGrouped.Line) + ", column \"" + column.Name + "\": \"" +
              column.FirstGrouped.Text + "\" has a thousands mark; write numbers without");
     FTaken[i] = true;
     return Chosen(column);

@@ -62,7 +62,7 @@ private:
 }  // namespace
 
 TDocument::TDocument(const TOptions& options, const TReadProgress& progress)
-    : FTable(ReadCsvFile(options.File, {options.Reading, progress, options.Follow.has_value()}))
+    : FOrigin(OriginOf(options)), FTable(FOrigin->Read({options.Reading, progress, options.Follow.has_value()}))
 {
     Build(options);
 }
@@ -93,7 +93,8 @@ void TDocument::StartFollowing()
 {
     if (!FOptions.Follow)
         return;
-    FFollowed = std::make_unique<TFollowedPlot>(FPlot, FTable, FChoice, WithScalesOf(FPlot, FOptions));
+    FFollowed = std::make_unique<TFollowedPlot>(
+        FPlot, FOrigin->Follow(FTable, FollowedColumns(FChoice), FOptions.Reading), WithScalesOf(FPlot, FOptions));
     FFollowed->OnNote = [this](const std::string& note) {
         if (OnNote)
             OnNote(note);

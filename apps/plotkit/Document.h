@@ -9,6 +9,7 @@
 #include "plotkit/ColumnChoice.h"
 #include "plotkit/FollowedPlot.h"
 #include "plotkit/GraphBuilder.h"
+#include "plotkit/TableOrigin.h"
 
 namespace plotkit {
 
@@ -58,6 +59,7 @@ private:
     void Count(const TFollowedRows& rows);
 
     TOptions FOptions;
+    std::unique_ptr<TTableOrigin> FOrigin;
     TCsvTable FTable;
     TColumnChoice FChoice;
     TPlot FPlot;

@@ -12,14 +12,6 @@
 namespace plotkit {
 namespace {
 
-std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
-{
-    std::vector<TFollowedColumn> columns{{choice.X.Name, choice.X.Sources}};
-    for (const TChosenColumn& column : choice.Ys)
-        columns.push_back({column.Name, column.Sources});
-    return columns;
-}
-
 void Put(TKxCustomRealVector* data, std::vector<double> values, bool isRestart)
 {
     // The user may have given the series other data meanwhile.
@@ -34,9 +26,16 @@ void Put(TKxCustomRealVector* data, std::vector<double> values, bool isRestart)
 
 }  // namespace
 
-TFollowedPlot::TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TColumnChoice& choice,
-                             const TOptions& options)
-    : FFollower(table, FollowedColumns(choice), options.Reading),
+std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
+{
+    std::vector<TFollowedColumn> columns{{choice.X.Name, choice.X.Sources}};
+    for (const TChosenColumn& column : choice.Ys)
+        columns.push_back({column.Name, column.Sources});
+    return columns;
+}
+
+TFollowedPlot::TFollowedPlot(const TPlot& plot, std::unique_ptr<TRowFollower> follower, const TOptions& options)
+    : FFollower(std::move(follower)),
       FGraph(plot.Graph),
       FSeries(plot.Series),
       FIsXPositive(NeedsPositive(options.XScale)),
@@ -46,13 +45,15 @@ TFollowedPlot::TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TC
 
 void TFollowedPlot::Start()
 {
+    FFollower->OnNews = [this] { Poll(); };
     FTimer = std::make_unique<TTimer>(FInterval, TEvent<>([this] { Poll(); }));
 }
 
 void TFollowedPlot::Poll()
 {
-    TFollowedRows rows = FFollower.Poll();
-    if (rows.RowCount > 0) {
+    TFollowedRows rows = FFollower->Poll();
+    const bool isNew = rows.RowCount > 0 || rows.IsRestart;
+    if (isNew) {
         for (std::size_t i = 0; i < rows.Values.size(); ++i)
             if (i == 0 ? FIsXPositive : FIsYPositive)
                 KeepPositive(rows.Values[i]);
@@ -61,13 +62,13 @@ void TFollowedPlot::Poll()
             Put(FSeries[i]->GetXData(), rows.Values[0], rows.IsRestart);
             Put(FSeries[i]->GetYData(), rows.Values[i + 1], rows.IsRestart);
         }
-        if (!rows.IsRestart)
+        if (!rows.IsRestart || rows.IsSameTable)
             view.GiveTo(*FGraph);
     }
     if (OnNote)
         for (const std::string& note : rows.Notes)
             OnNote(note);
-    if (OnGrown && rows.RowCount > 0)
+    if (OnGrown && isNew)
         OnGrown(rows);
 }
 

@@ -9,16 +9,19 @@
 #include "plotkit/ColumnChoice.h"
 #include "plotkit/GraphBuilder.h"
 #include "plotkit/Options.h"
-#include "plotkit/table/FileFollower.h"
+#include "plotkit/table/RowFollower.h"
 
 namespace plotkit {
+
+/// The abscissae, then the ordinates.
+std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice);
 
 class TFollowedPlot
 {
 public:
-    /// `plot` was built with `options`, which say how often the file is looked at, and outlives this object. EFileError
-    /// when the file cannot be followed.
-    TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TColumnChoice& choice, const TOptions& options);
+    /// `plot` was built with `options`, which say how often the follower of its columns looks, and outlives this
+    /// object.
+    TFollowedPlot(const TPlot& plot, std::unique_ptr<TRowFollower> follower, const TOptions& options);
     TFollowedPlot(const TFollowedPlot&) = delete;
     TFollowedPlot& operator=(const TFollowedPlot&) = delete;
 
@@ -33,7 +36,7 @@ public:
     std::function<void(const TFollowedRows&)> OnGrown;
 
 private:
-    TFileFollower FFollower;
+    std::unique_ptr<TRowFollower> FFollower;
     TKx2DGraph* FGraph;
     std::vector<TKxDataSeries*> FSeries;
     bool FIsXPositive, FIsYPositive;

@@ -6,6 +6,7 @@
 #include "host/Errors.h"
 #include "host/NumberFormat.h"
 #include "host/StringList.h"
+#include "plotkit/db/DatabaseOptions.h"
 
 namespace plotkit {
 namespace {
@@ -293,6 +294,11 @@ TOptions ParseOptions(int count, const char* const* arguments)
         AddCommonOptions(*command, options, texts);
     for (CLI::App* command : {render, show})
         AddReadingOptions(*command, texts);
+    TDatabaseTexts database;
+    for (CLI::App* command : {render, show})
+        AddDatabaseOptions(*command, database);
+    show->add_option("--listen", database.Channel, "Read again when PostgreSQL tells of this channel (NOTIFY)")
+        ->type_name("CHANNEL");
     show->add_option("--follow", texts.Follow, "Follow a file that grows; looks every SECONDS (1)")
         ->expected(0, 1)
         ->type_name("[SECONDS]");
@@ -315,9 +321,10 @@ TOptions ParseOptions(int count, const char* const* arguments)
         if (app.get_subcommands().empty() && count > 1 && arguments[1][0] != '-')
             Fail("command line",
                  "\"" + std::string(arguments[1]) + "\" is no command; say render or show before the file");
-        throw EConvertError(error.what());
+        throw EConvertError(WithoutPasswords(error.what()));
     }
     options.Command = app.got_subcommand(render) ? pcRender : pcShow;
+    ReadDatabase(*app.get_subcommands().front(), database, options);
     Understand(*app.get_subcommands().front(), texts, options);
     return options;
 }

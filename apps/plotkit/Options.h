@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "plotkit/db/DatabaseWish.h"
 #include "plotkit/table/TableDialect.h"
 
 namespace plotkit {
@@ -58,7 +59,8 @@ struct TOptions
     std::string Answer;
 
     TProgramCommand Command = pcRender;
-    std::string File;
+    std::string File;  ///< of a database what messages call it
+    std::optional<TDatabaseWish> Database;
     std::string Output;  ///< of `render`, like the four below
     TPictureFormat Format = pfPng;
     int Dpi = 96;

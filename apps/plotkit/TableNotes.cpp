@@ -12,8 +12,8 @@ void AddColumnDoubts(const TCsvTable& table, const TChosenColumn& column, std::v
 {
     const std::string name = "column \"" + column.Name + "\": ";
     if (column.BadCount > 0) {
-        std::string line = table.File + ": line " + std::to_string(column.FirstBad.Line) + ", " + name + "\"" +
-                           column.FirstBad.Text + "\" is no " + (column.IsDateTime ? "date" : "number");
+        std::string line = table.File + ": " + table.RowWord + std::to_string(column.FirstBad.Line) + ", " + name +
+                           "\"" + column.FirstBad.Text + "\" is no " + (column.IsDateTime ? "date" : "number");
         if (column.BadCount > 1)
             line += ", the first of " + std::to_string(column.BadCount) + " such cells";
         lines.push_back(line);
@@ -31,6 +31,9 @@ void AddColumnDoubts(const TCsvTable& table, const TChosenColumn& column, std::v
 std::string DescribeReading(const TCsvTable& table)
 {
     const TTableDialect& dialect = table.Dialect;
+    if (table.IsQuery)
+        return "Read: " + Counted(table.RowCount, "row") + ", " + Counted(table.Columns.size(), "column") + " from " +
+               table.File;
     std::string text = "Read: " + Counted(table.RowCount, "row") + ", " + Counted(table.Columns.size(), "column");
     if (table.Columns.size() > 1)
         text += " separated by " + SeparatorWord(dialect.Separator);

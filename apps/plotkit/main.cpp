@@ -14,6 +14,7 @@
 #include "plotkit/PictureFile.h"
 #include "plotkit/ProgressLine.h"
 #include "plotkit/ShowCommand.h"
+#include "plotkit/sql/DatabaseTable.h"
 #include "plotkit/table/DateText.h"
 #include "qt/KxQtHost.h"
 #include "qt/KxQtLocale.h"
@@ -51,8 +52,7 @@ std::unique_ptr<TDocument> ReadDocument(const TOptions& options)
 
 std::string TitleOf(const TOptions& options)
 {
-    return options.Title && !options.Title->empty() ? GetStrippedString(*options.Title)
-                                                    : std::filesystem::path(options.File).stem().string();
+    return options.Title && !options.Title->empty() ? GetStrippedString(*options.Title) : DataNameOf(options);
 }
 
 int Render(TQtHost& host, TDocument& document)
@@ -102,6 +102,7 @@ int Run(int count, char** arguments)
     const THostGuard guard(host);
     const TSchemeChoice scheme = options.Scheme;
     UseTypedFormulas();
+    UseDatabases();
     if (options.Command == pcShow)
         PrepareShow(options);
     std::unique_ptr<TDocument> document;

@@ -174,13 +174,13 @@ TKxSqlDataSet::TRows TKxSqlDataSet::ReadRows()
     TRows rows;
     std::vector<std::vector<double>> values;
     TSqlReading reading;
-    reading.OnColumns = [&](const std::vector<std::string>& names) {
+    reading.OnColumns = [&](const std::vector<TSqlColumn>& columns) {
         rows.Columns.clear();
-        for (const std::string& name : names)
-            rows.Columns.push_back({name, {}, {}, {}});
-        values.assign(names.size(), {});
-        for (auto& column : values)
-            column.reserve(FRowCount);
+        for (const TSqlColumn& column : columns)
+            rows.Columns.push_back({column.Name, {}, {}, {}});
+        values.assign(columns.size(), {});
+        for (auto& reals : values)
+            reals.reserve(FRowCount);
     };
     reading.OnCell = [&](std::size_t row, std::size_t column, const TSqlCell& cell) {
         double value = cell.Value;

@@ -9,6 +9,7 @@
 #include <QSqlRecord>
 #include <QTimer>
 #include <QVariant>
+#include <chrono>
 #include <cmath>
 
 namespace plotkit {
@@ -17,6 +18,7 @@ namespace {
 
 constexpr std::size_t RowsPerProgress = 4096;
 constexpr int TellingsPause = 20;  // ms
+constexpr double PausePerWork = 4;
 constexpr double MilliSecondsPerDay = 86'400'000;
 
 bool IsSqlite(const QSqlDatabase& database)
@@ -45,6 +47,27 @@ bool IsZoned(const QSqlField& field)
 {
     constexpr int timestampWithZone = 1184;  // PostgreSQL, pg_type.oid
     return field.typeID() == timestampWithZone && field.metaType().id() == QMetaType::QDateTime;
+}
+
+TSqlCellKind KindOf(const QMetaType& type)
+{
+    switch (type.id()) {
+        case QMetaType::Bool:
+        case QMetaType::Int:
+        case QMetaType::UInt:
+        case QMetaType::LongLong:
+        case QMetaType::ULongLong:
+        case QMetaType::Float:
+        case QMetaType::Double:
+            return skReal;
+        case QMetaType::QDate:
+        case QMetaType::QDateTime:
+            return skDate;
+        case QMetaType::QTime:
+            return skTime;
+        default:
+            return skText;
+    }
 }
 
 /// On the clock or on chance.
@@ -154,17 +177,17 @@ std::size_t TKxSqlReader::ReadOnce(const QSqlDatabase& database, const std::stri
         return 0;
     }
     const QSqlRecord record = query.record();
-    std::vector<std::string> names;
+    std::vector<TSqlColumn> columns;
     std::vector<bool> zoned;
     for (int i = 0; i < record.count(); ++i) {
-        names.push_back(record.fieldName(i).toStdString());
+        columns.push_back({record.fieldName(i).toStdString(), KindOf(record.field(i).metaType())});
         zoned.push_back(IsZoned(record.field(i)));
     }
-    reading.OnColumns(names);
+    reading.OnColumns(columns);
     std::size_t row = 0;
     TSqlCell cell;
     for (; query.next(); ++row) {
-        for (std::size_t column = 0; column < names.size(); ++column) {
+        for (std::size_t column = 0; column < columns.size(); ++column) {
             TakeSqlValue(query.value(static_cast<int>(column)), zoned[column], cell);
             reading.OnCell(row, column, cell);
         }
@@ -177,12 +200,16 @@ std::size_t TKxSqlReader::ReadOnce(const QSqlDatabase& database, const std::stri
 
 std::size_t TKxSqlReader::Read(const std::string& sql, const TSqlReading& reading)
 {
+    const auto start = std::chrono::steady_clock::now();
     for (bool isSecond : {false, true}) {
         QSqlDatabase database = Ready();
         QSqlError error;
         const std::size_t rows = ReadOnce(database, sql, reading, error);
-        if (!error.isValid())
+        if (!error.isValid()) {
+            const std::chrono::duration<double, std::milli> spent = std::chrono::steady_clock::now() - start;
+            FPause = static_cast<int>(spent.count() * PausePerWork);
             return rows;
+        }
         if (IsAlive(database))
             throw EFileError(SqlErrorText(error));
         database.close();
@@ -239,9 +266,6 @@ void TKxSqlReader::Subscribe(const QSqlDatabase& database)
     if (FChannel.empty())
         return;
     const QString channel = QString::fromStdString(FChannel);
-    // A telling may be at work in it.
-    if (FContext)
-        FContext.release()->deleteLater();
     FContext = std::make_unique<QObject>();
     FIsTold = false;
     QSqlDriver* const driver = database.driver();
@@ -249,7 +273,7 @@ void TKxSqlReader::Subscribe(const QSqlDatabase& database)
         if (name != channel || FIsTold)
             return;
         FIsTold = true;
-        QTimer::singleShot(TellingsPause, FContext.get(), [this] {
+        QTimer::singleShot(std::max(TellingsPause, FPause), FContext.get(), [this] {
             FIsTold = false;
             const auto onNews = FOnNews;
             onNews();

@@ -37,9 +37,15 @@ struct TSqlCell
     bool IsUniversal = false;  ///< a date that was brought to universal time
 };
 
+struct TSqlColumn
+{
+    std::string Name;
+    TSqlCellKind Kind = skText;  ///< as it is declared; where it is not, or cells may be anything, a guess
+};
+
 struct TSqlReading
 {
-    std::function<void(const std::vector<std::string>& names)> OnColumns;
+    std::function<void(const std::vector<TSqlColumn>& columns)> OnColumns;
     /// Rows and columns from 0, row by row.
     std::function<void(std::size_t row, std::size_t column, const TSqlCell& cell)> OnCell;
     /// Asked every few thousand rows; false ends the reading. May be empty.
@@ -65,7 +71,8 @@ public:
     std::string Version(const std::string& sql);
 
     /// Calls `onNews` soon after the server told of the channel, several tellings at once, as long as the connection
-    /// lives; a connection that is opened again listens again. EFileError when the database tells of nothing.
+    /// lives; where the last reading took long it waits four times as long. A connection that is opened again listens
+    /// again. EFileError when the database tells of nothing.
     void Listen(const std::string& channel, std::function<void()> onNews);
     /// Whether somebody else has to find out that the connection is lost while nothing is read.
     bool IsListening() const { return !FChannel.empty(); }
@@ -88,6 +95,7 @@ private:
     std::unique_ptr<QObject> FContext;  ///< ends the server's tellings with this object
     std::pair<std::uint64_t, std::uint64_t> FFile{};
     bool FIsTold = false;
+    int FPause = 0;  ///< ms that tellings wait
 };
 
 /// What a value of a query or a model is; `isZoned`: a date-time stands for a moment, not for digits on a clock.

@@ -13,6 +13,8 @@
 #include "host/StringList.h"
 #include "plotkit/FollowedPlot.h"
 #include "plotkit/LogColumns.h"
+#include "plotkit/TableOrigin.h"
+#include "plotkit/table/FileFollower.h"
 #include "plotkit/TableNotes.h"
 #include "series/KxDataSeries.h"
 #include "support/MessageOf.h"
@@ -38,8 +40,10 @@ protected:
         const TCsvTable table = ReadCsvFile(File, reading);
         Choice = ChooseColumns(table, std::nullopt, ys);
         Options.Follow = 2;
+        Options.File = File;
         Plot = BuildPlot(Choice, Options);
-        Followed = std::make_unique<TFollowedPlot>(Plot, table, Choice, Options);
+        Followed = std::make_unique<TFollowedPlot>(
+            Plot, OriginOf(Options)->Follow(table, FollowedColumns(Choice), Options.Reading), Options);
         Followed->OnNote = [this](const std::string& note) { Notes += note.substr(File.size()) + "\n"; };
     }
     /// Looks, and shows the X and Y values of the first series.
@@ -158,7 +162,8 @@ TEST_F(Follow, TheGraphIsThatOfTheWholeFile)
     TReadOptions reading;
     reading.IsGrowing = true;
     const TCsvTable table = ReadCsvFile(File, reading);
-    Followed = std::make_unique<TFollowedPlot>(Plot, table, Choice, Options);
+    Followed = std::make_unique<TFollowedPlot>(
+            Plot, OriginOf(Options)->Follow(table, FollowedColumns(Choice), Options.Reading), Options);
     int grown = 0;
     Followed->OnGrown = [&](const TFollowedRows&) { ++grown; };
     Followed->Start();

@@ -3,6 +3,9 @@
 #include <cmath>
 #include <limits>
 
+#include "host/DateTime.h"
+#include "host/NumberFormat.h"
+
 namespace plotkit {
 namespace {
 
@@ -44,7 +47,7 @@ void TCsvColumnBuilder::AddTo(TDates& dates, std::size_t row, std::size_t line, 
         dates.FirstBad = {line, Shortened(Trimmed(cell))};
 }
 
-void TCsvColumnBuilder::AddDate(std::size_t row, std::size_t line, std::string_view cell, const TCellContent& content)
+void TCsvColumnBuilder::TakeDate(std::size_t row, std::size_t line, std::string_view cell, const TCellContent& content)
 {
     FIsUniversal = FIsUniversal || content.IsUniversal;
     if (content.IsTwoWays && !FMonthFirst)
@@ -66,7 +69,7 @@ void TCsvColumnBuilder::Add(std::size_t row, std::size_t line, std::string_view 
             break;
         case ckDateTime:
             Note(FDates, line, cell);
-            AddDate(row, line, cell, content);
+            TakeDate(row, line, cell, content);
             break;
         case ckTimeOfDay:
             Note(FTimes, line, cell);
@@ -79,6 +82,27 @@ void TCsvColumnBuilder::Add(std::size_t row, std::size_t line, std::string_view 
             Note(FTexts, line, cell);
             break;
     }
+}
+
+void TCsvColumnBuilder::AddNumber(std::size_t row, std::size_t line, double value)
+{
+    if (!std::isfinite(value))
+        return;
+    Note(FNumbers, line, FNumbers.Count ? std::string() : FormatExact(value));
+    Put(FNumbers.Values, row, value);
+}
+
+void TCsvColumnBuilder::AddDate(std::size_t row, std::size_t line, double value, bool isUniversal)
+{
+    const std::string text = FDates.Count ? std::string() : FormatDateTime("yyyy-mm-dd hh:nn", value, {});
+    Note(FDates, line, text);
+    TakeDate(row, line, text, {ckDateTime, value, value, false, isUniversal});
+}
+
+void TCsvColumnBuilder::AddTime(std::size_t row, std::size_t line, double value)
+{
+    Note(FTimes, line, FTimes.Count ? std::string() : FormatDateTime("hh:nn:ss", value, {}));
+    Put(FTimes.Values, row, value);
 }
 
 TCsvColumnBuilder::TDates& TCsvColumnBuilder::ChosenDates(bool dayFirst, bool isWished, TCsvColumn& column)

@@ -23,6 +23,10 @@ public:
     bool IsEmpty() const;
     /// The cell of `row` (from 0, ascending).
     void Add(std::size_t row, std::size_t line, std::string_view cell);
+    // Cells that are no texts. Numbers that are not finite have no value.
+    void AddNumber(std::size_t row, std::size_t line, double value);
+    void AddDate(std::size_t row, std::size_t line, double value, bool isUniversal);
+    void AddTime(std::size_t row, std::size_t line, double value);
     /// To be called once, when `rowCount` rows have been seen. `dayFirst`: the order of day and month that decides
     /// where the dates do not, or, when it `isWished`, always.
     TCsvColumn Finish(std::size_t rowCount, bool dayFirst, bool isWished);
@@ -43,7 +47,7 @@ private:
         TCsvCell FirstBad;
     };
     void Note(TCells& cells, std::size_t line, std::string_view cell);
-    void AddDate(std::size_t row, std::size_t line, std::string_view cell, const TCellContent& content);
+    void TakeDate(std::size_t row, std::size_t line, std::string_view cell, const TCellContent& content);
     void AddTo(TDates& dates, std::size_t row, std::size_t line, std::string_view cell, double value);
     TDates& ChosenDates(bool dayFirst, bool isWished, TCsvColumn& column);
     static void AddBad(TCsvColumn& column, std::size_t count, const TCsvCell& first);

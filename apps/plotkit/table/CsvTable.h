@@ -59,7 +59,9 @@ struct TRaggedRows
 
 struct TCsvTable
 {
-    std::string File;  ///< as it was named
+    std::string File;               ///< as it was named
+    std::string RowWord = "line ";  ///< what messages count, with a blank
+    bool IsQuery = false;           ///< rows of a database
     std::vector<TCsvColumn> Columns;
     std::size_t RowCount = 0;
     TTableDialect Dialect;

@@ -15,12 +15,6 @@ namespace {
 constexpr double Missing = std::numeric_limits<double>::quiet_NaN();
 constexpr std::uint64_t TailSize = 256;
 
-TDateGroup GroupOf(const TFollowedColumn& column, const std::vector<TCsvColumn>& columns)
-{
-    const std::size_t first = column.Sources.front();
-    return {first, column.Sources.size(), columns[first].Type == ctDateTime};
-}
-
 /// The dialect that was found, as a wish: a file that starts anew may be too short to tell.
 TDialectWish WishFor(const TTableDialect& dialect, TDialectWish wish)
 {
@@ -219,15 +213,7 @@ void TFileFollower::TakeTable(const TCsvTable& table, TFollowedRows& rows)
 {
     rows.RowCount = table.RowCount;
     for (std::size_t i = 0; i < FFollowed.size(); ++i) {
-        const TFollowedColumn& column = FFollowed[i];
-        if (column.Sources.empty()) {
-            for (std::size_t row = 0; row < table.RowCount; ++row)
-                rows.Values[i].push_back(static_cast<double>(row + 1));
-            continue;
-        }
-        const TCsvColumn& first = table.Columns[column.Sources.front()];
-        const TArray<double> values =
-            column.Sources.size() == 1 ? first.Values : JoinDateGroup(table, GroupOf(column, table.Columns)).Values;
+        const TArray<double> values = ValuesOf(FFollowed[i], table);
         rows.Values[i].assign(values.Span().begin(), values.Span().end());
     }
 }

@@ -6,31 +6,14 @@
 #include <string>
 #include <vector>
 
-#include "plotkit/table/CsvTable.h"
-#include "plotkit/table/DateGroups.h"
+#include "plotkit/table/RowFollower.h"
 
 namespace plotkit {
-
-/// A column to be followed: one of the table, a group that forms a date, or, without sources, the row number.
-struct TFollowedColumn
-{
-    std::string Name;                  ///< for messages
-    std::vector<std::size_t> Sources;  ///< from 0
-};
-
-struct TFollowedRows
-{
-    /// The file was cut or replaced: these are all of its rows, and none of those before is valid.
-    bool IsRestart = false;
-    std::size_t RowCount = 0;
-    std::vector<std::vector<double>> Values;  ///< per followed column
-    std::vector<std::string> Notes;           ///< what could not be read, a line each
-};
 
 /// Polled by whoever has a clock. Only whole lines are read; a cell that does not fit its column is a missing value and
 /// counted. What was read last is compared each time something changed, so that a file that was cut, rewritten or
 /// replaced is noticed whatever its size; it is then read from its start.
-class TFileFollower
+class TFileFollower : public TRowFollower
 {
 public:
     /// `table` was read with `IsGrowing` and `wish`. EFileError with the file's name when it is no file that can be
@@ -38,7 +21,7 @@ public:
     TFileFollower(const TCsvTable& table, std::vector<TFollowedColumn> columns, const TDialectWish& wish);
 
     /// What came since the last time. Errors are notes: a file that is gone for a while is waited for.
-    TFollowedRows Poll();
+    TFollowedRows Poll() override;
 
     /// Rows since the start with cells that did not fit or with another number of them.
     std::size_t BadRows() const { return FBadRows; }

@@ -23,12 +23,17 @@ const char* const LookFiles = "Looks (*.ini)";
 
 QString TMainWindow::Folder() const
 {
-    return HasGraph() ? QFileInfo(QString::fromStdString(FDocument->Options().File)).absolutePath() : QString();
+    if (!HasGraph())
+        return {};
+    const TOptions& options = FDocument->Options();
+    if (options.Database && options.Database->IsServer)
+        return QDir::currentPath();
+    return QFileInfo(QString::fromStdString(options.Database ? options.Database->Name : options.File)).absolutePath();
 }
 
 QString TMainWindow::PictureName() const
 {
-    return QFileInfo(QString::fromStdString(FDocument->Options().File)).completeBaseName();
+    return QString::fromStdString(DataNameOf(FDocument->Options()));
 }
 
 void TMainWindow::AskForFile()

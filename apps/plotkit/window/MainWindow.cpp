@@ -151,6 +151,7 @@ void TMainWindow::Open(const std::string& fileName)
         options.XScale = options.YScale = scAuto;
     }
     options.File = fileName;
+    options.Database.reset();
     Load(options);
 }
 
@@ -172,9 +173,10 @@ void TMainWindow::Show(std::unique_ptr<TDocument> document)
     FDocument = std::move(document);
     ShowGraph();
     ReportNotes();
-    const QFileInfo file(QString::fromStdString(FDocument->Options().File));
-    setWindowTitle(tr("%1 - Plotkit").arg(file.fileName()));
-    if (!file.isFile())
+    const TOptions& shown = FDocument->Options();
+    const QFileInfo file(QString::fromStdString(shown.File));
+    setWindowTitle(tr("%1 - Plotkit").arg(shown.Database ? PictureName() : file.fileName()));
+    if (shown.Database || !file.isFile())
         return;
     Try([&] {
         FSettings.AddRecentFile(file.absoluteFilePath().toStdString());
