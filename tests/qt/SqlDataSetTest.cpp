@@ -7,9 +7,9 @@
 #include "graph/KxGraph2D.h"
 #include "host/Form.h"
 #include "qt/KxModelDataSet.h"
-#include "qt/SqlFixture.h"
 #include "series/KxDataSeries.h"
 #include "support/MessageOf.h"
+#include "support/SqlFixture.h"
 
 namespace plotkit {
 namespace {

@@ -135,16 +135,15 @@ void TDatabaseFollower::NoteTrouble(const EError& error, TFollowedRows& rows)
     if (!isNews)
         return;
     const std::string said = FOrigin.Said(FTrouble);
-    rows.Notes.push_back(
-        FOrigin.Label() + ": " +
-        (isLost ? "connection lost" + " at " + Time() + " (" + said + ")" : said + " (" + Time() + ")") +
-        "; the last values stay");
+    rows.Notes.push_back(FOrigin.Label() + ": " +
+                         (isLost ? "connection lost at " + Time() + " (" + said + ")" : said + " (" + Time() + ")") +
+                         "; the last values stay");
 }
 
 void TDatabaseFollower::NoteRecovery(TFollowedRows& rows)
 {
     if (!FTrouble.empty())
-        rows.Notes.push_back(FOrigin.Label() + (FIsLost ? ": connected again" : ": can be read again") + " at " +
+        rows.Notes.push_back(FOrigin.Label() + (FIsLost ? ": connected again at " : ": can be read again at ") +
                              Time());
     FTrouble.clear();
     FIsLost = false;
