@@ -16,4 +16,5 @@ done
 
 echo "== sources read by Clang, every header alone"
 tests/house/clang_reads.sh build/release
+tests/support/postgres.sh check || true
 echo "All tests passed."

@@ -36,6 +36,7 @@ std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
 
 TFollowedPlot::TFollowedPlot(const TPlot& plot, std::unique_ptr<TRowFollower> follower, const TOptions& options)
     : FFollower(std::move(follower)),
+      FForm(plot.Form.get()),
       FGraph(plot.Graph),
       FSeries(plot.Series),
       FIsXPositive(NeedsPositive(options.XScale)),
@@ -62,6 +63,9 @@ void TFollowedPlot::Poll()
             Put(FSeries[i]->GetXData(), rows.Values[0], rows.IsRestart);
             Put(FSeries[i]->GetYData(), rows.Values[i + 1], rows.IsRestart);
         }
+        // The axes look at values that were replaced when they are painted, and then show all of them.
+        if (rows.IsRestart && rows.IsSameTable && view.IsZoomed())
+            FForm->Picture();
         if (!rows.IsRestart || rows.IsSameTable)
             view.GiveTo(*FGraph);
     }

@@ -37,6 +37,7 @@ public:
 
 private:
     std::unique_ptr<TRowFollower> FFollower;
+    TForm* FForm;
     TKx2DGraph* FGraph;
     std::vector<TKxDataSeries*> FSeries;
     bool FIsXPositive, FIsYPositive;

@@ -13,6 +13,7 @@ class TKeptView
 {
 public:
     explicit TKeptView(TKx2DGraph& graph);
+    bool IsZoomed() const { return FX || FY; }
     /// To the graph, which has been painted since its data changed or is new, or to one in its place.
     void GiveTo(TKx2DGraph& graph) const;
 

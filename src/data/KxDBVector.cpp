@@ -111,9 +111,9 @@ void TKxDBVector::SetRecord(int recNo)
 
 int TKxDBVector::FindIdx(int recNo)
 {
-    TDataSet& dataSet = *FDataLink.DataSet();
-    if (dataSet.IsSequenced())
+    if (!FDataLink.IsActive() || FDataLink.DataSet()->IsSequenced())
         return recNo - FFirstRecNo;
+    TDataSet& dataSet = *FDataLink.DataSet();
     int index = 0;
     WithControlsDisabled(dataSet, [&] {
         const int current = dataSet.GetRecNo();

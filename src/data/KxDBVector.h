@@ -31,6 +31,7 @@ public:
     /// Stores the current record's value at the place of record `recNo`, behind the last record for a negative one;
     /// subscribers hear (index, false).
     void SetRecord(int recNo);
+    /// The element of a record; the number of records for one that is not there and not numbered in sequence.
     int FindIdx(int recNo);
 
 protected:

@@ -1,9 +1,9 @@
 #!/usr/bin/env bash
-# postgres.sh start|stop|remove FOLDER: a PostgreSQL server of its own for tests, on loopback and a socket in FOLDER, which
+# postgres.sh check|start|stop|remove [FOLDER]: a PostgreSQL server of its own for tests, on loopback and a socket in FOLDER, which
 # "start" makes when there is none. "start" prints the port; the user is "owner", the password "se-cret", both of database
 # "postgres". Exit code 77 and a line that says why when there can be no server here.
 set -euo pipefail
-folder=$2
+folder=${2:-}
 bin=$(ls -d /usr/lib/postgresql/*/bin 2>/dev/null | sort -V | tail -1)
 cannot() {
     echo "PostgreSQL tests are skipped: $1"
@@ -19,6 +19,7 @@ fi
 cd /
 
 case $1 in
+    check) ;;
     start)
         if [ ! -d "$folder/data" ]; then
             mkdir -p "$folder"

@@ -3,6 +3,7 @@
 #include <fstream>
 
 #include "data/KxVector.h"
+#include "graph/KxAxis.h"
 #include "host/Host.h"
 #include "plotkit/Document.h"
 #include "qt/KxQtHost.h"
@@ -91,8 +92,13 @@ TEST_P(DatabaseTest, FollowedTablesGrowAndChange)
     Open();
     Do("INSERT INTO log VALUES (4, '2026-03-30 00:00:00', 8, NULL)");
     EXPECT_TRUE(WaitsFor("5 - 7 8 ")) << Shown();
+    TKxAxis& y = *Document->Plot().Graph->GetPrimaryYAxis();
+    Document->Plot().Form->Picture();
+    y.ZoomIn(6, 7);
     Do("UPDATE log SET v = 6 WHERE id = 2");
     EXPECT_TRUE(WaitsFor("5 6 7 8 ")) << Shown();
+    Document->Plot().Form->Picture();
+    EXPECT_LT(y.GetStop(), 8);  // the reader stays where he looks
     Do("ALTER TABLE log RENAME TO gone");
     EXPECT_TRUE(Waits([&] { return Notes.size() == 1; }));
     EXPECT_TRUE(Waits([n = 0]() mutable { return ++n > 10; }));
