@@ -1,0 +1,256 @@
+#include "design/LookPages.h"
+
+#include <algorithm>
+#include <array>
+
+#include "design/LookTree.h"
+#include "graph/KxAttached.h"
+#include "graph/KxAxis.h"
+#include "graph/KxGraph2D.h"
+#include "graph/KxResultLabel.h"
+#include "graph/KxResultSource.h"
+#include "series/KxSeries.h"
+
+namespace plotkit {
+
+namespace {
+
+using TTexts = std::string_view;
+
+constexpr double MaxPixels = 1000;
+constexpr double MaxPen = 100;
+
+constexpr std::array<TTexts, 5> PositionTexts{"Bottom", "Left", "Top", "Right", "Floating"};
+constexpr std::array<TTexts, 3> EndTexts{"Follows the data", "Only widens", "Fixed"};
+constexpr std::array<TTexts, 4> ScalingTexts{"Linear", "Logarithmic", "Logarithmic, powers of ten", "Date and time"};
+constexpr std::array<TTexts, 3> AlignmentTexts{"Left", "Right", "Centred"};
+
+constexpr TLookRow Number(TTexts path, TTexts text, double min, double max)
+{
+    return {path, text, leByKind, min, max};
+}
+constexpr TLookRow Choice(TTexts path, TTexts text, std::span<const TTexts> choices)
+{
+    TLookRow row{path, text};
+    row.Choices = choices;
+    return row;
+}
+constexpr TLookRow When(TLookRow row, TTexts needs, TTexts value)
+{
+    row.Needs = needs;
+    row.NeedsValue = value;
+    return row;
+}
+
+constexpr std::array FontRows{
+    TLookRow{"Name", "Font", leFontName}, Number("Size", "Size", 1, 200),
+    TLookRow{"Color", "Colour"},          TLookRow{"Bold", "Bold"},
+    TLookRow{"Italic", "Italic"},         TLookRow{"Underline", "Underline"},
+    TLookRow{"StrikeOut", "Struck out"},
+};
+constexpr std::array LineRows{
+    TLookRow{"Visible", "Shown"},
+    TLookRow{"Color", "Colour"},
+    TLookRow{"Style", "Style", leLineStyle},
+    Number("Width", "Width", 0, MaxPen),
+};
+constexpr std::array AreaRows{
+    TLookRow{"Visible", "Shown"},
+    TLookRow{"Color", "Colour"},
+    TLookRow{"Style", "Fill", leFillStyle},
+    TLookRow{"DrawXOred", "Inverting what is below"},
+};
+constexpr std::array PointRows{
+    TLookRow{"Visible", "Shown"},
+    TLookRow{"Color", "Colour"},
+    TLookRow{"Style", "Symbol", lePointSymbol},
+    Number("Size", "Size", 0, MaxPixels),
+    Number("Width", "Line width", 0, MaxPen),
+};
+
+constexpr std::array GraphRows{
+    TLookRow{"Caption", "Title", leCaption},
+    TLookRow{"ShowTitle", "Show the title"},
+    TLookRow{"Color", "Colour around"},
+    TLookRow{"DataColor", "Colour behind the data"},
+    TLookRow{"ZeroOrigin", "Axes cross at zero"},
+    TLookRow{"ShareYAxes", "Derivatives and integrals on the same Y axis"},
+};
+constexpr std::array AxisScaleRows{
+    TLookRow{"Caption", "Caption", leCaption},
+    TLookRow{"ShowCaption", "Show the caption"},
+    Choice("Scaling", "Scale", ScalingTexts),
+    Choice("StartEnd", "Lower end", EndTexts),
+    When({"Start", "From", leAxisValue}, "StartEnd", "AxFixed"),
+    Choice("StopEnd", "Upper end", EndTexts),
+    When({"Stop", "To", leAxisValue}, "StopEnd", "AxFixed"),
+    TLookRow{"Twisted", "Reversed"},
+    Choice("Position", "Position", PositionTexts),
+    TLookRow{"IsSlaveAxis", "Follows another axis"},
+    When({"MasterAxis", "Followed axis"}, "IsSlaveAxis", "True"),
+};
+constexpr std::array AxisTickRows{
+    TLookRow{"AutoTicks", "Automatic"},
+    When(Number("TickPart", "Step", 0, 1e9), "AutoTicks", "False"),
+    When(Number("MajorTickPart", "Step of long ticks", 0, 1e9), "AutoTicks", "False"),
+    When(Number("LabelPart", "Step of labels", 0, 1e9), "AutoTicks", "False"),
+    Number("TickLength", "Length", -MaxPen, MaxPen),
+    Number("MajorTickLength", "Length of long ticks", -MaxPen, MaxPen),
+    Number("TickThicknes", "Width", 0, MaxPen),
+    Number("MajorTickThicknes", "Width of long ticks", 0, MaxPen),
+    Number("AxisThicknes", "Width of the axis", 0, MaxPen),
+    TLookRow{"TickColor", "Colour"},
+    TLookRow{"MajorTickColor", "Colour of long ticks"},
+    TLookRow{"AxisColor", "Colour of the axis"},
+};
+constexpr std::array AxisLabelRows{
+    TLookRow{"ShowScaleLabels", "Show labels"},
+    Number("MaxExpForScaleExp", "Exponent from 10 to the power of", -300, 300),
+    Number("MinExpForScaleExp", "Exponent up to 10 to the power of", -300, 300),
+    Number("ScalingsTicksGap", "Gap to the ticks", 0, MaxPixels),
+    Number("CaptionScalingsGap", "Gap to the caption", 0, MaxPixels),
+    Number("BorderCaptionGap", "Gap behind the caption", 0, MaxPixels),
+    Number("ExponentScalingsGap", "Gap to the exponent", 0, MaxPixels),
+    Number("ValuesTicksGap", "Gap between labels", 0, MaxPixels),
+    TLookRow{"AutoSize", "Automatic size"},
+    TLookRow{"Transparent", "Transparent"},
+    When({"Color", "Background"}, "Transparent", "False"),
+};
+constexpr std::array SeriesRows{
+    TLookRow{"Caption", "Caption", leCaption},
+    TLookRow{"IncludeInLegend", "In the legend"},
+    TLookRow{"XAxis", "X axis"},
+    TLookRow{"YAxis", "Y axis"},
+};
+constexpr std::array CurveRows{
+    Number("Order", "Order", 1, 50),
+    TLookRow{"Expression", "Formula"},
+    Number("Iterations", "Largest number of steps", 0, 1e9),
+    TLookRow{"DoFixedOffset", "Fixed offset"},
+    When(Number("Offset", "Offset", -1e300, 1e300), "DoFixedOffset", "True"),
+    TLookRow{"DoSmoothing", "Smoothed"},
+    When(Number("SmoothRange", "Points on each side", 0, 1e9), "DoSmoothing", "True"),
+    Number("WeightFactor", "Smoothness", 0, 1e300),
+    TLookRow{"AutoStart", "Calculated from the first point"},
+    When({"CalculationStart", "Calculated from", leAxisValue}, "AutoStart", "False"),
+    TLookRow{"AutoStop", "Calculated to the last point"},
+    When({"CalculationStop", "Calculated to", leAxisValue}, "AutoStop", "False"),
+    TLookRow{"CoupleCalculationAndDisplay", "Drawn where calculated"},
+    TLookRow{"DisplayAutoStart", "Drawn from the first point"},
+    When({"DisplayStart", "Drawn from", leAxisValue}, "DisplayAutoStart", "False"),
+    TLookRow{"DisplayAutoStop", "Drawn to the last point"},
+    When({"DisplayStop", "Drawn to", leAxisValue}, "DisplayAutoStop", "False"),
+};
+constexpr std::array LabelRows{
+    TLookRow{"Caption", "Text", leCaption},
+    TLookRow{"Identifier", "Result"},
+    Number("Digits", "Digits", 0, 18),
+    TLookRow{"Series", "Of"},
+    Choice("Alignment", "Alignment", AlignmentTexts),
+    TLookRow{"Angle", "Angle", leTenths, -359.9, 359.9},
+    TLookRow{"Transparent", "Transparent"},
+    When({"Color", "Background"}, "Transparent", "False"),
+    TLookRow{"Visible", "Shown"},
+};
+constexpr std::array LegendRows{
+    TLookRow{"Visible", "Shown"},
+    Choice("InGraphPosition", "Position", PositionTexts),
+    TLookRow{"Transparent", "Transparent"},
+    When({"Color", "Background"}, "Transparent", "False"),
+    TLookRow{"ClickHides", "A click hides the series"},
+    Number("SampleWidth", "Width of the samples", 0, MaxPixels),
+    Number("SampleCaptionGap", "Gap behind the samples", 0, MaxPixels),
+    Number("RowGap", "Gap between rows", 0, MaxPixels),
+    Number("ColumnGap", "Gap between columns", 0, MaxPixels),
+    Number("InsideGap", "Gap inside the frame", 0, MaxPixels),
+    Number("OutsideGap", "Gap outside the frame", 0, MaxPixels),
+    TLookRow{"AutoSize", "Automatic size"},
+};
+
+constexpr std::array GraphPages{
+    TLookPage{"Graph", "", GraphRows},
+    TLookPage{"Title font", "TitleFont.", FontRows},
+    TLookPage{"Frame", "FrameLine.", LineRows},
+    TLookPage{"Grid, X", "MajorGridX.", LineRows},
+    TLookPage{"Fine grid, X", "MinorGridX.", LineRows},
+    TLookPage{"Grid, Y", "MajorGridY.", LineRows},
+    TLookPage{"Fine grid, Y", "MinorGridY.", LineRows},
+};
+constexpr std::array AxisPages{
+    TLookPage{"Scale", "", AxisScaleRows},
+    TLookPage{"Ticks", "", AxisTickRows},
+    TLookPage{"Labels", "", AxisLabelRows},
+    TLookPage{"Label font", "Font.", FontRows},
+    TLookPage{"Caption font", "CaptionFont.", FontRows},
+};
+constexpr std::array SeriesPages{
+    TLookPage{"Series", "", SeriesRows},           TLookPage{"Line", "LineStyle.", LineRows},
+    TLookPage{"Points", "PointStyle.", PointRows}, TLookPage{"Area", "AreaStyle.", AreaRows},
+    TLookPage{"Calculation", "", CurveRows},
+};
+constexpr std::array LabelPages{
+    TLookPage{"Label", "", LabelRows},
+    TLookPage{"Font", "Font.", FontRows},
+};
+constexpr std::array LegendPages{
+    TLookPage{"Legend", "", LegendRows},
+    TLookPage{"Font", "Font.", FontRows},
+    TLookPage{"Frame", "FrameLine.", LineRows},
+};
+
+std::span<const TLookPage> FamilyPages(const TComponent& component)
+{
+    if (dynamic_cast<const TKx2DGraph*>(&component))
+        return GraphPages;
+    if (dynamic_cast<const TKxAxis*>(&component))
+        return AxisPages;
+    if (dynamic_cast<const TKxPlottable*>(&component))
+        return SeriesPages;
+    if (dynamic_cast<const TKxCustomLabel*>(&component))
+        return LabelPages;
+    if (dynamic_cast<const TKxAttachedLegend*>(&component))
+        return LegendPages;
+    return {};
+}
+
+}  // namespace
+
+std::vector<TLookPage> LookPages(TComponent& component)
+{
+    std::vector<TLookPage> pages;
+    for (const TLookPage& page : FamilyPages(component))
+        if (std::ranges::any_of(page.Rows, [&](const TLookRow& row) { return HasLookRow(component, page, row); }))
+            pages.push_back(page);
+    return pages;
+}
+
+bool HasLookRow(TComponent& component, const TLookPage& page, const TLookRow& row)
+{
+    return bool(FindLookProperty(component, page.PathOf(row)));
+}
+
+bool IsLookRowEnabled(TComponent& component, const TLookPage& page, const TLookRow& row)
+{
+    if (row.Needs.empty())
+        return true;
+    const TLookProperty needed = FindLookProperty(component, std::string(page.Prefix) + std::string(row.Needs));
+    return !needed || PropertyText(*needed.Row, std::get<TPropertyValue>(needed.Value())) == row.NeedsValue;
+}
+
+std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component, const std::string& path)
+{
+    const auto* standing = std::get<TComponent*>(FindLookProperty(component, path).Value());
+    std::vector<TComponent*> candidates;
+    for (TComponent* part : LookParts(LookTree(graph))) {
+        const auto* axis = dynamic_cast<const TKxAxis*>(part);
+        const bool fits = path == "XAxis"        ? axis && axis->Orientation() == AxHorizontal
+                          : path == "YAxis"      ? axis && axis->Orientation() == AxVertical
+                          : path == "MasterAxis" ? axis && axis != &component
+                                                 : dynamic_cast<const TKxResultSource*>(part) != nullptr;
+        if (fits || part == standing)
+            candidates.push_back(part);
+    }
+    return candidates;
+}
+
+}  // namespace plotkit
