@@ -3,14 +3,16 @@
 #include "host/Form.h"
 #include "host/Panel.h"
 #include "host/Streaming.h"
+#include "host/UpDown.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 2> Classes{
+constexpr std::array<const TClassInfo*, 3> Classes{
     &TForm::Class,
     &TPanel::Class,
+    &TUpDown::Class,
 };
 
 }  // namespace
