@@ -2,6 +2,7 @@
 
 #include <array>
 
+#include "controls/KxCaptionEdit.h"
 #include "controls/KxFloatEdit.h"
 #include "controls/KxIntegerEdit.h"
 #include "controls/KxSelectBrushStyle.h"
@@ -12,10 +13,10 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 9> Classes{
-    &TKxIntegerEdit::Class,       &TKxSpinIntegerEdit::Class, &TKxFloatEdit::Class,
-    &TKxLineStylesList::Class,    &TKxLineStylesCombo::Class, &TKxPointSymbolsList::Class,
-    &TKxPointSymbolsCombo::Class, &TKxBrushStylesList::Class, &TKxBrushStylesCombo::Class,
+constexpr std::array<const TClassInfo*, 10> Classes{
+    &TKxCaptionEdit::Class,     &TKxIntegerEdit::Class,      &TKxSpinIntegerEdit::Class,  &TKxFloatEdit::Class,
+    &TKxLineStylesList::Class,  &TKxLineStylesCombo::Class,  &TKxPointSymbolsList::Class, &TKxPointSymbolsCombo::Class,
+    &TKxBrushStylesList::Class, &TKxBrushStylesCombo::Class,
 };
 
 }  // namespace

@@ -25,6 +25,9 @@ template <class TBase>
 TKxBrushStylesPicker<TBase>::TKxBrushStylesPicker(TComponent* owner) : TKxPicker<TBase>(owner)
 {
     this->SetItemCount(bsDiagonalCross);
+    // Room for two lines of a hatch.
+    this->SetItemHeight(24);
+    this->SetBounds(0, 0, 121, this->GetHeight() + 8);
 }
 
 template <class TBase>

@@ -176,7 +176,8 @@ TRect TCustomEdit::CaretRect() const
 
 void TCustomEdit::ScrollToCaret()
 {
-    const int room = std::max(EditRect().Width() - 2 * Px(1), 0);
+    const int caretRoom = GetInsertMode() ? Px(1) : CaretRect().Width();
+    const int room = std::max(EditRect().Width() - Px(1) - caretRoom, 0);
     const int caret = Offset(CaretPos());
     FScroll = std::min(FScroll, std::max(Offset(CharCount()) - room, 0));
     FScroll = std::clamp(FScroll, std::max(caret - room, 0), caret);

@@ -238,6 +238,7 @@ void DrawItemFrame(TCanvas& canvas, const TRect& box, bool hasFocus)
 {
     const TColor color = hasFocus ? clHighlight : clButtonShadow;
     const int width = ScalePixels(2, canvas.Scale());
+    canvas.Brush = TBrush();
     canvas.Brush.SetColor(color);
     canvas.FillRect({box.Left, box.Top, box.Right, box.Top + width});
     canvas.FillRect({box.Left, box.Bottom - width, box.Right, box.Bottom});
@@ -261,9 +262,9 @@ void TCustomListBox::Paint()
         if (box.Intersected(all).IsEmpty())
             continue;
         canvas.Pen = TPen();
+        canvas.Brush = TBrush();
         DrawItem(canvas, i, box);
         canvas.SetClipRect(inside);
-        canvas.Pen = TPen();
         if (i == FItemIndex)
             DrawItemFrame(canvas, box, HasFocus());
     }
