@@ -3,6 +3,8 @@
 #include <array>
 
 #include "controls/KxCaptionEdit.h"
+#include "controls/KxColorBtn.h"
+#include "controls/KxColorPickCombo.h"
 #include "controls/KxFloatEdit.h"
 #include "controls/KxIntegerEdit.h"
 #include "controls/KxSelectBrushStyle.h"
@@ -13,7 +15,8 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 10> Classes{
+constexpr std::array<const TClassInfo*, 14> Classes{
+    &TKxColorBtn::Class,        &TKxColorPickCombo::Class,   &TKxColorPickerForm::Class,  &TKxRecentColors::Class,
     &TKxCaptionEdit::Class,     &TKxIntegerEdit::Class,      &TKxSpinIntegerEdit::Class,  &TKxFloatEdit::Class,
     &TKxLineStylesList::Class,  &TKxLineStylesCombo::Class,  &TKxPointSymbolsList::Class, &TKxPointSymbolsCombo::Class,
     &TKxBrushStylesList::Class, &TKxBrushStylesCombo::Class,

@@ -1,6 +1,7 @@
 #include "host/CustomComboBox.h"
 
 #include "host/ControlProperties.h"
+#include "host/Restore.h"
 
 namespace plotkit {
 
@@ -56,7 +57,11 @@ public:
     }
 
 protected:
-    void DrawItem(TCanvas& canvas, int index, const TRect& box) override { FCombo.DrawItem(canvas, index, box); }
+    void DrawItem(TCanvas& canvas, int index, const TRect& box) override
+    {
+        const TRestore drawing(FCombo.FDrawingList, true);
+        FCombo.DrawItem(canvas, index, box);
+    }
 
 private:
     TCustomComboBox& FCombo;
@@ -136,10 +141,10 @@ void TCustomComboBox::CloseUp(bool accept)
     Invalidate();
     OnCloseUp();
     if (accept && !alive.expired())
-        ItemTaken(FList->GetItemIndex());
+        ItemTaken(FList->GetItemIndex(), true);
 }
 
-void TCustomComboBox::ItemTaken(int index)
+void TCustomComboBox::ItemTaken(int index, bool)
 {
     if (index == FItemIndex || index < 0)
         return;
@@ -161,7 +166,7 @@ void TCustomComboBox::MouseWheel(TShiftState shift, int delta, int x, int y)
     // A wheel that only passes by on its way through a dialog changes nothing.
     if (!HasFocus() || FDroppedDown || delta == 0)
         return TWindowControl::MouseWheel(shift, delta, x, y);
-    ItemTaken(std::clamp(FItemIndex + (delta < 0 ? 1 : -1), 0, std::max(ItemCount() - 1, 0)));
+    ItemTaken(std::clamp(FItemIndex + (delta < 0 ? 1 : -1), 0, std::max(ItemCount() - 1, 0)), false);
 }
 
 bool TCustomComboBox::WantsKey(int key, TShiftState shift) const
@@ -182,7 +187,7 @@ void TCustomComboBox::KeyDown(int key, TShiftState shift)
     if (shift.Alt || key == ' ')
         return DropDown();
     if (const auto target = FList->TargetOf(key, FItemIndex); target && *target < ItemCount())
-        ItemTaken(*target);
+        ItemTaken(*target, false);
 }
 
 void TCustomComboBox::CMEnter()

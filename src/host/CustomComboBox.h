@@ -36,7 +36,7 @@ public:
     bool GetDroppedDown() const { return FDroppedDown; }
     /// Closed this way, the item stays as it was.
     void SetDroppedDown(bool down) { down ? DropDown() : CloseUp(false); }
-    void DropDown();
+    virtual void DropDown();
     void CloseUp(bool accept);
     TCustomListBox& DropList();
 
@@ -52,8 +52,10 @@ public:
 protected:
     /// Fills `box` and draws the item on `canvas`: of the combo box, or of its list.
     virtual void DrawItem(TCanvas& canvas, int index, const TRect& box) = 0;
-    /// The user has selected an item, which is the one in force from now on.
-    virtual void ItemTaken(int index);
+    /// The user has taken an item, from the list or with a key or the wheel on the closed box: it is the one in force.
+    virtual void ItemTaken(int index, bool fromList);
+    /// `DrawItem` is drawing for the list.
+    bool IsDrawingList() const { return FDrawingList; }
     /// Where the item stands, and the button beside it.
     TRect ItemRect() const;
 
@@ -71,6 +73,7 @@ private:
     int FColumns = 1;
     int FDropDownCount = 8;
     bool FDroppedDown = false;
+    bool FDrawingList = false;
 };
 
 }  // namespace plotkit
