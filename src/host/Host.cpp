@@ -141,6 +141,13 @@ double THost::Random()
     return static_cast<double>(FRandom() >> 11) * 0x1p-53;
 }
 
+void THost::SetClipboardMarkup(const std::string& text, const std::string& markup)
+{
+    SetClipboardText(text);
+    FMarkedText = text;
+    FMarkup = markup;
+}
+
 void THost::SetClipboardText(const std::string& text)
 {
     FClipboardText = text;

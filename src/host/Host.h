@@ -58,6 +58,10 @@ public:
     /// The clipboard holds one thing: a text or a metafile. The headless one is the program's own.
     virtual std::string ClipboardText() const { return FClipboardText; }
     virtual void SetClipboardText(const std::string& text);
+    /// A text with its markup, which stays within the program: `ClipboardMarkup` is empty as soon as the clipboard
+    /// holds any other text.
+    void SetClipboardMarkup(const std::string& text, const std::string& markup);
+    std::string ClipboardMarkup() const { return ClipboardText() == FMarkedText ? FMarkup : std::string(); }
     virtual void SetClipboardMetafile(const TMetafile& metafile);
     /// What `SetClipboardMetafile` of this class kept; nullptr when something else was put there since.
     const TMetafile* ClipboardMetafile() const { return FClipboardMetafile.get(); }
@@ -82,6 +86,7 @@ protected:
 
 private:
     std::unique_ptr<TMetafile> FClipboardMetafile;
+    std::string FMarkedText, FMarkup;
     TFixedTextMeasurer FMeasurer;
     std::mt19937_64 FRandom;
 };

@@ -5,14 +5,16 @@
 #include "host/MemoryDataSet.h"
 #include "host/Panel.h"
 #include "host/Streaming.h"
+#include "host/UpDown.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 4> Classes{
+constexpr std::array<const TClassInfo*, 5> Classes{
     &TForm::Class,
     &TPanel::Class,
+    &TUpDown::Class,
     &TDataSource::Class,
     &TMemoryDataSet::Class,
 };

@@ -67,6 +67,10 @@ inline constexpr TColor clWindowText{static_cast<TColor>(0x80000008U)};
 inline constexpr TColor clHighlight{static_cast<TColor>(0x8000000DU)};
 inline constexpr TColor clHighlightText{static_cast<TColor>(0x8000000EU)};
 inline constexpr TColor clButtonFace{static_cast<TColor>(0x8000000FU)};
+inline constexpr TColor clButtonShadow{static_cast<TColor>(0x80000010U)};
+inline constexpr TColor clGrayText{static_cast<TColor>(0x80000011U)};
+inline constexpr TColor clButtonText{static_cast<TColor>(0x80000012U)};
+inline constexpr TColor clButtonHighlight{static_cast<TColor>(0x80000014U)};
 
 constexpr std::int32_t ColorToInt(TColor color)
 {

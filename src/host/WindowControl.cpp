@@ -33,7 +33,8 @@ void TWindowControl::SetParent(TWindowControl* parent)
     if (!parent)
         return;
     // Only the top of a tree has to do with the pointer.
-    FCaptured = FClickTarget = FUnderPointer = FFocused = nullptr;
+    ChangeFocus(nullptr);
+    FCaptured = FClickTarget = FUnderPointer = nullptr;
     FButtons = 0;
     if (parent->HasWindow())
         WindowNeeded();

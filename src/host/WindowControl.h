@@ -3,6 +3,7 @@
 #pragma once
 
 #include <memory>
+#include <string_view>
 #include <vector>
 
 #include "host/Control.h"
@@ -70,11 +71,20 @@ public:
     /// from TKey.
     void DispatchKeyDown(int key, TShiftState shift);
     void DispatchKeyUp(int key, TShiftState shift);
+    /// Of a root: text that no single key typed (an input method, a composed character), for the focused control.
+    void DispatchText(std::string_view text);
     TWindowControl* Focused() const { return FFocused; }
+    bool HasFocus() const { return static_cast<const TWindowControl&>(Root()).FFocused == this; }
     void SetFocus();
+    /// Nobody in the tree has the focus any more.
+    void KillFocus() { RootOfThis().ChangeFocus(nullptr); }
     virtual void KeyDown(int key, TShiftState shift) { OnKeyDown(key, shift); }
     virtual void KeyUp(int key, TShiftState shift) { OnKeyUp(key, shift); }
+    virtual void TextInput(std::string_view) {}
+    /// Whether the control has a use of its own for the key, which then is no shortcut of the program around it.
+    virtual bool WantsKey(int, TShiftState) const { return false; }
     TKeyEvent OnKeyDown, OnKeyUp;
+    TEvent<> OnEnter, OnExit;
 
     void SetParent(TWindowControl* parent) override;
     void SetBounds(int left, int top, int width, int height) override;
@@ -84,6 +94,9 @@ public:
 protected:
     /// The moment the window is created; overrides call the inherited operation last.
     virtual void CreateWindow();
+    /// The control has got, or has lost, the focus of its tree.
+    virtual void CMEnter() { OnEnter(); }
+    virtual void CMExit() { OnExit(); }
     void AlignControls();
     /// For destructors of classes whose parts must still live while the controls inside go.
     void DestroyControls();
@@ -121,6 +134,7 @@ private:
     void PaintOne(TControl& control, TCanvas& canvas, const TRect& clip);
 
     void Forget(const TControl* control);
+    void ChangeFocus(TWindowControl* to);
     void PointerMovedTo(TControl* control);
     void PointerLooksChanged(const TControl* control);
     TPoint PointIn(const TControl& control, int x, int y) const;

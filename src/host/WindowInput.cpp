@@ -128,7 +128,7 @@ void TWindowControl::Forget(const TControl* control)
     if (FClickTarget && isInside(FClickTarget))
         FClickTarget = nullptr;
     if (FFocused && isInside(FFocused))
-        FFocused = nullptr;
+        ChangeFocus(nullptr);
     if (FUnderPointer && isInside(FUnderPointer))
         PointerMovedTo(nullptr);
 }
@@ -136,7 +136,26 @@ void TWindowControl::Forget(const TControl* control)
 void TWindowControl::SetFocus()
 {
     if (GetVisible() && GetEnabled())
-        RootOfThis().FFocused = this;
+        RootOfThis().ChangeFocus(this);
+}
+
+void TWindowControl::ChangeFocus(TWindowControl* to)
+{
+    if (FFocused == to)
+        return;
+    const auto alive = Lifeline().Watch();
+    TWindowControl* const left = std::exchange(FFocused, to);
+    if (left && !left->IsDestroying())
+        left->CMExit();
+    // Whoever hears of the end may move the focus on, or take the tree away.
+    if (to && !alive.expired() && FFocused == to)
+        to->CMEnter();
+}
+
+void TWindowControl::DispatchText(std::string_view text)
+{
+    if (GetEnabled())
+        (FFocused ? *FFocused : *this).TextInput(text);
 }
 
 void TWindowControl::DispatchKeyDown(int key, TShiftState shift)
