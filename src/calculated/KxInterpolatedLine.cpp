@@ -1,6 +1,7 @@
 #include "calculated/KxInterpolatedLine.h"
 
 #include "foundation/KxLargeIni.h"
+#include "foundation/KxStrings.h"
 #include "graph/KxAxis.h"
 
 namespace plotkit {
@@ -14,14 +15,17 @@ constexpr std::array AkimaFunctionProperties{
              &TKxAkimaFunction::IsDoSmoothingStored>("DoSmoothing"),
 };
 
+/// Noisy points have an extremum for every third of them.
 void WriteExtrema(TKxIniList& list, const std::string& section, const std::string& kind, const TKxRealPosArray& extrema)
 {
-    int number = 0;
+    std::vector<std::pair<std::string, std::string>> entries;
+    entries.reserve(2 * extrema.Length());
     for (const TKxRealPos& extremum : extrema.Span()) {
-        const std::string key = kind + "(" + std::to_string(++number) + ")";
-        list.WriteReal(section, "X-" + key, extremum.Position);
-        list.WriteReal(section, "Y-" + key, extremum.Value);
+        const std::string key = kind + "(" + std::to_string(entries.size() / 2 + 1) + ")";
+        entries.emplace_back("X-" + key, RealToAmericanStr(extremum.Position));
+        entries.emplace_back("Y-" + key, RealToAmericanStr(extremum.Value));
     }
+    list.WriteStrings(section, entries);
 }
 
 std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
