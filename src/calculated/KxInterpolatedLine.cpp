@@ -15,17 +15,16 @@ constexpr std::array AkimaFunctionProperties{
              &TKxAkimaFunction::IsDoSmoothingStored>("DoSmoothing"),
 };
 
-/// Noisy points have an extremum for every third of them.
-void WriteExtrema(TKxIniList& list, const std::string& section, const std::string& kind, const TKxRealPosArray& extrema)
+using TEntries = std::vector<std::pair<std::string, std::string>>;
+
+void AddExtrema(const std::string& kind, const TKxRealPosArray& extrema, TEntries& entries)
 {
-    std::vector<std::pair<std::string, std::string>> entries;
-    entries.reserve(2 * extrema.Length());
+    int number = 0;
     for (const TKxRealPos& extremum : extrema.Span()) {
-        const std::string key = kind + "(" + std::to_string(entries.size() / 2 + 1) + ")";
+        const std::string key = kind + "(" + std::to_string(++number) + ")";
         entries.emplace_back("X-" + key, RealToAmericanStr(extremum.Position));
         entries.emplace_back("Y-" + key, RealToAmericanStr(extremum.Value));
     }
-    list.WriteStrings(section, entries);
 }
 
 std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
@@ -44,8 +43,10 @@ constinit const TClassInfo TKxInterpolatedLine::Class{
 void TKxInterpolatedFunction::WriteResults(TKxIniList& list, const std::string& section)
 {
     TKxCalculatedSeries::WriteResults(list, section);
-    WriteExtrema(list, section, "Minima", GetMinima());
-    WriteExtrema(list, section, "Maxima", GetMaxima());
+    TEntries entries;  // noisy points have an extremum for every one or two of them
+    AddExtrema("Minima", GetMinima(), entries);
+    AddExtrema("Maxima", GetMaxima(), entries);
+    list.WriteStrings(section, entries);
 }
 
 void TKxInterpolatedFunction::RecalculateCoeffs(TKxIntPolynom& curve) const

@@ -198,8 +198,8 @@ void TKxIniList::WriteStrings(TText section, std::span<const std::pair<std::stri
         if (const auto length = (*this)[end].find('='); length != std::string::npos)
             places.emplace(UpperCase((*this)[end].substr(0, length)), end);
     for (const auto& [ident, value] : entries.subspan(1)) {
-        const auto [found, isNew] = places.emplace(UpperCase(ident), end);
-        if (isNew)
+        const auto found = places.find(UpperCase(ident));
+        if (found == places.end())
             InsertIndexed(end++, EntryLine(ident, value));
         else
             Put(found->second, EntryLine(ident, value));

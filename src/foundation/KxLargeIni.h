@@ -52,7 +52,7 @@ public:
     std::string ReadString(TText section, TText ident, TText byDefault) const;
     /// The line is cut at its first NUL. A new entry goes before the section's first empty line or to the list's end.
     void WriteString(TText section, TText ident, TText value);
-    /// The same for many entries; the section is looked through once.
+    /// The same for many entries with names of their own; the section is looked through once.
     void WriteStrings(TText section, std::span<const std::pair<std::string, std::string>> entries);
     int ReadInteger(TText section, TText ident, int byDefault) const;
     void WriteInteger(TText section, TText ident, int value);
