@@ -49,10 +49,7 @@ void TKxCalculatedSeries::WriteResults(TKxIniList& list, const std::string& sect
     list.WriteString(section, "Calculation", CalculationID());
     list.WriteString(section, "Caption", GetCaption());
     list.WriteString(section, "Formula", GetFormula());
-    list.WriteReal(section, "CalcStart", FCalculationStart);
-    list.WriteReal(section, "CalcStop", FCalculationStop);
-    list.WriteReal(section, "DisplayStart", FDisplayStart);
-    list.WriteReal(section, "DisplayStop", FDisplayStop);
+    WriteLimits(list, section);
 }
 
 void TKxCalculatedSeries::Publish()
@@ -120,17 +117,14 @@ void TKxCalculatedSeries::WriteToIni(TKxIniList& list, const std::string& sectio
     TKxSeries::WriteToIni(list, section);
     list.WriteComponentRef(section, "ParentSeries", FParentSeries);
     list.WriteBool(section, "ParentWeight", FParentWeight);
-    list.WriteBool(section, "AutoStart", FAutoStart);
-    list.WriteBool(section, "AutoStop", FAutoStop);
-    list.WriteBool(section, "CoupleCalcAndDisplay", FCoupled);
-    list.WriteBool(section, "DisplayAutoStart", FDisplayAutoStart);
-    list.WriteBool(section, "DisplayAutoStop", FDisplayAutoStop);
+    list.WriteBool(section, "AutoStart", GetAutoStart());
+    list.WriteBool(section, "AutoStop", GetAutoStop());
+    list.WriteBool(section, "CoupleCalcAndDisplay", GetCoupleCalculationAndDisplay());
+    list.WriteBool(section, "DisplayAutoStart", GetDisplayAutoStart());
+    list.WriteBool(section, "DisplayAutoStop", GetDisplayAutoStop());
     list.WriteString(section, "Calculation", CalculationID());
     list.WriteString(section, "Formula", GetFormula());
-    list.WriteReal(section, "CalcStart", FCalculationStart);
-    list.WriteReal(section, "CalcStop", FCalculationStop);
-    list.WriteReal(section, "DisplayStart", FDisplayStart);
-    list.WriteReal(section, "DisplayStop", FDisplayStop);
+    WriteLimits(list, section);
 }
 
 void TKxCalculatedSeries::ReadFromIni(TKxIniList& list, const std::string& section)
@@ -139,15 +133,7 @@ void TKxCalculatedSeries::ReadFromIni(TKxIniList& list, const std::string& secti
     TKxNotCalculatedSeries* parent = FParentSeries;
     const bool isMoved = list.ReadComponentRef(section, "ParentSeries", parent);
     FParentWeight = list.ReadBool(section, "ParentWeight", FParentWeight);
-    FAutoStart = list.ReadBool(section, "AutoStart", FAutoStart);
-    FCalculationStart = list.ReadReal(section, "CalcStart", FCalculationStart);
-    FAutoStop = list.ReadBool(section, "AutoStop", FAutoStop);
-    FCalculationStop = list.ReadReal(section, "CalcStop", FCalculationStop);
-    FCoupled = list.ReadBool(section, "CoupleCalcAndDisplay", FCoupled);
-    FDisplayAutoStart = list.ReadBool(section, "DisplayAutoStart", FDisplayAutoStart);
-    FDisplayStart = list.ReadReal(section, "DisplayStart", FDisplayStart);
-    FDisplayAutoStop = list.ReadBool(section, "DisplayAutoStop", FDisplayAutoStop);
-    FDisplayStop = list.ReadReal(section, "DisplayStop", FDisplayStop);
+    ReadLimits(list, section);
     if (isMoved)
         SetParentSeries(parent);
     SettingsChanged();

@@ -19,16 +19,17 @@ constexpr std::int64_t SpacingsWithoutAxis = 1000;  // nothing is drawn, but the
 std::vector<double> TKxCalculatedSeries::Spacings()
 {
     std::vector<double> xs;
+    const double start = GetDisplayStart(), stop = GetDisplayStop();
     const TKxAxis* const axis = GetXAxis();
     std::int64_t width = SpacingsWithoutAxis;
     if (axis)
-        width = std::abs(std::int64_t{axis->RealToIntPosition(FDisplayStop)} - axis->RealToIntPosition(FDisplayStart));
+        width = std::abs(std::int64_t{axis->RealToIntPosition(stop)} - axis->RealToIntPosition(start));
     FCoarse = width > MostSpacings;
     width = std::min(width, MostSpacings);
-    const double step = (FDisplayStop - FDisplayStart) / static_cast<double>(width + 1);
+    const double step = (stop - start) / static_cast<double>(width + 1);
     xs.reserve(static_cast<std::size_t>(width) + 2);
-    double x = FDisplayStart;
-    while (x <= FDisplayStop) {
+    double x = start;
+    while (x <= stop) {
         xs.push_back(x);
         const double next = x + step;
         if (!(next > x))
@@ -75,7 +76,9 @@ void TKxCalculatedSeries::CalculateLine()
         return;
     FLastAxisStart = axis->GetStart();
     FLastAxisStop = axis->GetStop();
-    Attempt([this] { Resample(std::max(FDisplayStart, FLastAxisStart), std::min(FDisplayStop, FLastAxisStop)); });
+    const auto [start, stop] = ShownInterval();
+    const double from = std::max(start, FLastAxisStart), to = std::min(stop, FLastAxisStop);
+    Attempt([this, from, to] { Resample(from, to); });
 }
 
 void TKxCalculatedSeries::Resample(double start, double stop)

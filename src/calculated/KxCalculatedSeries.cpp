@@ -1,5 +1,7 @@
 #include "calculated/KxCalculatedSeries.h"
 
+#include <algorithm>
+
 #include "foundation/KxLargeIni.h"
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
@@ -37,7 +39,7 @@ constinit const TClassInfo TKxCalculatedSeries::Class{"TKxCalculatedSeries", &TK
                                                       CalculatedSeriesProperties};
 
 TKxCalculatedSeries::TKxCalculatedSeries(TComponent* owner)
-    : TKxSeries(owner), FXResult(new TResultVector(this)), FYResult(new TResultVector(this))
+    : TKxLimitedSeries(owner), FXResult(new TResultVector(this)), FYResult(new TResultVector(this))
 {}
 
 TKxCalculatedSeries::~TKxCalculatedSeries()
@@ -62,7 +64,7 @@ void TKxCalculatedSeries::SetParentSeries(TKxNotCalculatedSeries* series)
     FParentSeries = series;
     WatchFor(series);
     if (!series) {
-        ClearResult();
+        Withdraw();
         LinkXAxis(nullptr);
         LinkYAxis(nullptr);
         return;
@@ -123,14 +125,6 @@ void TKxCalculatedSeries::ParentAxesChanged()
     SettingsChanged();
 }
 
-void TKxCalculatedSeries::SettingsChanged()
-{
-    if (FParentSeries)
-        FParentSeries->ChildModified();
-    if (IsDesigning())
-        SetLimits();
-}
-
 TKxCustomRealVector* TKxCalculatedSeries::GetWeight() const
 {
     if (!FParentWeight)
@@ -177,6 +171,12 @@ void TKxCalculatedSeries::SetResult(std::vector<double> xs, std::vector<double> 
     FYResult->Take(std::move(ys));
 }
 
+void TKxCalculatedSeries::MoveResult(std::span<const double> xs, std::span<const double> ys)
+{
+    std::ranges::copy(xs, FXResult->WriteInPlace().begin());
+    std::ranges::copy(ys, FYResult->WriteInPlace().begin());
+}
+
 void TKxCalculatedSeries::Calculate()
 {
     SetLimits();
@@ -207,12 +207,14 @@ bool TKxCalculatedSeries::Attempt(const std::function<void()>& action)
         return true;
     } catch (EError& error) {
         Withdraw();
+        TakeFormulaAsCaption();
         error.SetMessage(ErrorPrefix() + error.Message());
         if (!OnError)
             throw;
         OnError(error);
     } catch (const std::exception& error) {
         Withdraw();
+        TakeFormulaAsCaption();
         EError told(ErrorPrefix() + error.what());
         if (!OnError)
             throw told;

@@ -1,19 +1,20 @@
 // The job of KxCalculatedSeries is the base of all series that are computed from another one, their parent: when they
-// are calculated, between which limits, how their curve is sampled, and where their results can be read.
+// are calculated, how their curve is sampled, and where their results can be read.
 #pragma once
 
 #include <functional>
 #include <optional>
+#include <span>
 #include <vector>
 
+#include "calculated/KxLimitedSeries.h"
 #include "foundation/KxConsts.h"
 #include "graph/KxResultSource.h"
 #include "host/List.h"
-#include "series/KxNotCalculatedSeries.h"
 
 namespace plotkit {
 
-class TKxCalculatedSeries : public TKxSeries, public TKxResultSource
+class TKxCalculatedSeries : public TKxLimitedSeries, public TKxResultSource
 {
 public:
     explicit TKxCalculatedSeries(TComponent* owner);
@@ -22,7 +23,6 @@ public:
     static const TClassInfo Class;
     const TClassInfo& ClassInfo() const override { return Class; }
 
-    TKxNotCalculatedSeries* GetParentSeries() const { return FParentSeries; }
     /// The parent owns its calculated series from here on. Axes are the parent's, the data are the results.
     /// Raises what `Calculate` raises when the parent has points.
     virtual void SetParentSeries(TKxNotCalculatedSeries* series);
@@ -34,36 +34,8 @@ public:
     TKxCustomRealVector* GetOwnWeight() const { return TKxSeries::GetWeight(); }
     bool GetParentWeight() const { return FParentWeight; }
     void SetParentWeight(bool parentWeight);
-
-    bool GetAutoStart() const { return FAutoStart; }
-    void SetAutoStart(bool automatic) { StoreAuto(FAutoStart, automatic); }
-    bool GetAutoStop() const { return FAutoStop; }
-    void SetAutoStop(bool automatic) { StoreAuto(FAutoStop, automatic); }
-    bool GetDisplayAutoStart() const { return FDisplayAutoStart; }
-    void SetDisplayAutoStart(bool automatic);
-    bool GetDisplayAutoStop() const { return FDisplayAutoStop; }
-    void SetDisplayAutoStop(bool automatic);
-    bool GetCoupleCalculationAndDisplay() const { return FCoupled; }
-    void SetCoupleCalcAndDisplay(bool coupled);
-    /// The interval whose points are computed with, bounds included. Setting a bound makes it a fixed one.
-    double GetCalculationStart() const { return FCalculationStart; }
-    void SetCalculationStart(double start) { StoreBound(FCalculationStart, start, FAutoStart); }
-    double GetCalculationStop() const { return FCalculationStop; }
-    void SetCalculationStop(double stop) { StoreBound(FCalculationStop, stop, FAutoStop); }
-    /// The interval over which the curve is drawn. Setting a bound uncouples it from the other interval.
-    double GetDisplayStart() const { return FDisplayStart; }
-    void SetDisplayStart(double start) { StoreDisplayBound(FDisplayStart, start, FDisplayAutoStart); }
-    double GetDisplayStop() const { return FDisplayStop; }
-    void SetDisplayStop(double stop) { StoreDisplayBound(FDisplayStop, stop, FDisplayAutoStop); }
-    bool IsStartStored() const { return !FAutoStart; }
-    bool IsStopStored() const { return !FAutoStop; }
-    bool IsDisplayStartStored() const { return !FDisplayAutoStart; }
-    bool IsDisplayStopStored() const { return !FDisplayAutoStop; }
-    bool IsCouplingStored() const { return !FCoupled || !FDisplayAutoStart || !FDisplayAutoStop; }
     bool IsParentWeightStored() const { return !FParentWeight || GetOwnWeight(); }
     bool IsCaptionStored() const { return GetCaption() != GetAutoCaption(); }
-    /// Automatic bounds are taken from the parent's data and from the X axis.
-    void SetLimits();
 
     bool IsCalculated() const override { return true; }
     /// Computes, publishes the results and calls `OnCalculated`. An error gets the caption in front and goes to
@@ -115,9 +87,9 @@ protected:
     virtual void TakeParentAxes();
     void LinkXAxis(TKxAxis* axis);
     void LinkYAxis(TKxAxis* axis);
-    /// A setting changed: the parent lets its children be calculated at the next paint.
-    void SettingsChanged();
     void SetResult(std::vector<double> xs, std::vector<double> ys);
+    /// The same for as many points as there are, without notes: the curve is the same, another part of it is seen.
+    void MoveResult(std::span<const double> xs, std::span<const double> ys);
     /// About one abscissa for each pixel of the display interval.
     void GetXSpacings();
     /// The same with the curve's ordinates.
@@ -128,9 +100,6 @@ protected:
 
 private:
     static bool IsLog(const TKxAxis* axis);
-    void StoreBound(double& bound, double value, bool& automatic);
-    void StoreDisplayBound(double& bound, double value, bool& automatic);
-    void StoreAuto(bool& flag, bool automatic);
     void LeaveParent();
     void ClearResult();
     bool Attempt(const std::function<void()>& action);
@@ -149,14 +118,11 @@ private:
 
     TResultVector* FXResult;
     TResultVector* FYResult;
-    TKxNotCalculatedSeries* FParentSeries = nullptr;
     TList<TKxResultLabel> FResultLabels;
     std::optional<std::string> FOwnSection, FParentSection;  ///< where the results stand now
-    double FCalculationStart = 0, FCalculationStop = 0, FDisplayStart = 0, FDisplayStop = 0;
     double FLastAxisStart = 0, FLastAxisStop = 0;
     bool FCoarse = false;  ///< sampled at less than each pixel of what the axis shows
-    bool FAutoStart = true, FAutoStop = true, FDisplayAutoStart = true, FDisplayAutoStop = true;
-    bool FCoupled = true, FParentWeight = true;
+    bool FParentWeight = true;
     bool FParentWeightRead = false;  ///< a form that is being read said so itself
 };
 

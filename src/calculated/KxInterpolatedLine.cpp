@@ -1,6 +1,7 @@
 #include "calculated/KxInterpolatedLine.h"
 
 #include "foundation/KxLargeIni.h"
+#include "foundation/KxStrings.h"
 #include "graph/KxAxis.h"
 
 namespace plotkit {
@@ -14,13 +15,15 @@ constexpr std::array AkimaFunctionProperties{
              &TKxAkimaFunction::IsDoSmoothingStored>("DoSmoothing"),
 };
 
-void WriteExtrema(TKxIniList& list, const std::string& section, const std::string& kind, const TKxRealPosArray& extrema)
+using TEntries = std::vector<std::pair<std::string, std::string>>;
+
+void AddExtrema(const std::string& kind, const TKxRealPosArray& extrema, TEntries& entries)
 {
     int number = 0;
     for (const TKxRealPos& extremum : extrema.Span()) {
         const std::string key = kind + "(" + std::to_string(++number) + ")";
-        list.WriteReal(section, "X-" + key, extremum.Position);
-        list.WriteReal(section, "Y-" + key, extremum.Value);
+        entries.emplace_back("X-" + key, RealToAmericanStr(extremum.Position));
+        entries.emplace_back("Y-" + key, RealToAmericanStr(extremum.Value));
     }
 }
 
@@ -40,8 +43,10 @@ constinit const TClassInfo TKxInterpolatedLine::Class{
 void TKxInterpolatedFunction::WriteResults(TKxIniList& list, const std::string& section)
 {
     TKxCalculatedSeries::WriteResults(list, section);
-    WriteExtrema(list, section, "Minima", GetMinima());
-    WriteExtrema(list, section, "Maxima", GetMaxima());
+    TEntries entries;  // noisy points have an extremum for every one or two of them
+    AddExtrema("Minima", GetMinima(), entries);
+    AddExtrema("Maxima", GetMaxima(), entries);
+    list.WriteStrings(section, entries);
 }
 
 void TKxInterpolatedFunction::RecalculateCoeffs(TKxIntPolynom& curve) const

@@ -112,6 +112,14 @@ void TKxLinearRegressionLine::CalculateFunction()
     SetResult({displayStart, GetDisplayStop()}, {GetY(displayStart), GetY(GetDisplayStop())});
 }
 
+void TKxLinearRegressionLine::CalculateLine()
+{
+    const auto [start, stop] = ShownInterval();
+    const bool showsMore = start < GetDisplayStart() || stop > GetDisplayStop();
+    if (showsMore && XResult().GetCount() > 0)
+        MoveResult(std::array{start, stop}, std::array{GetY(start), GetY(stop)});
+}
+
 void TKxLinearRegressionLine::WriteResults(TKxIniList& list, const std::string& section)
 {
     TKxCalculatedSeries::WriteResults(list, section);

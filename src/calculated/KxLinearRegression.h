@@ -25,8 +25,8 @@ public:
     /// Of the last calculation that succeeded, in logarithms where axes are logarithmic.
     const TKxLinearRegessionResults& Results() const { return FResults; }
 
-    /// Two points are a line, however far it is zoomed.
-    void CalculateLine() override {}
+    /// Two points are a line, however far it is zoomed; ends that stand at those of the axis go with it.
+    void CalculateLine() override;
     std::string GetFormula() const override;
     /// NaN where there is no line.
     double GetY(double x) override;

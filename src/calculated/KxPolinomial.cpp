@@ -75,14 +75,17 @@ std::string TKxPolynomLine::GetFormula() const
 void TKxPolynomLine::CalculateFunction()
 {
     const TKxNotCalculatedSeries* const parent = GetParentSeries();
-    if (!parent || (IsDesigning() && parent->PointsCount() <= FResults.Order))
+    if (parent && IsDesigning() && parent->PointsCount() <= FResults.Order)
         return;
-    const auto x = ValuesOf(parent->GetXData());
-    const auto y = ValuesOf(parent->GetYData());
+    const auto x = ValuesOf(parent ? parent->GetXData() : nullptr);
+    const auto y = ValuesOf(parent ? parent->GetYData() : nullptr);
+    TKxPolynomRegessionResults results;
+    results.Order = FResults.Order;
     if (const TKxCustomRealVector* const weight = GetWeight())
-        PolynomRegressionWithWeight(GetCalculationStart(), GetCalculationStop(), x, y, weight->Values(), FResults);
+        PolynomRegressionWithWeight(GetCalculationStart(), GetCalculationStop(), x, y, weight->Values(), results);
     else
-        PolynomRegression(GetCalculationStart(), GetCalculationStop(), x, y, FResults);
+        PolynomRegression(GetCalculationStart(), GetCalculationStop(), x, y, results);
+    FResults = results;
     GetContinousLine();
 }
 

@@ -21,6 +21,7 @@ public:
     /// The factor of the i-th power. ERangeError "Polynomial: Index of variable out of range" above `Order` and below
     /// 0.
     double GetCoeff(int i) const;
+    /// Of the last calculation that succeeded.
     const TKxPolynomRegessionResults& Results() const { return FResults; }
 
     std::string CalculationID() const override { return "Polynomial Regression"; }

@@ -20,6 +20,15 @@ std::string HeaderOf(std::string_view section)
     return line;
 }
 
+std::string EntryLine(std::string_view ident, std::string_view value)
+{
+    std::string line(ident);
+    line += '=';
+    line += value;
+    line.resize(std::min(line.size(), line.find('\0')));
+    return line;
+}
+
 bool IsEntry(std::string_view line, std::string_view ident)
 {
     // The separator is looked at first: it tells most lines apart.
@@ -160,11 +169,7 @@ std::string TKxIniList::ReadString(TText section, TText ident, TText byDefault) 
 void TKxIniList::WriteString(TText section, TText ident, TText value)
 {
     Touch();
-    std::string line(ident);
-    line += '=';
-    line += value;
-    line.resize(std::min(line.size(), line.find('\0')));
-
+    std::string line = EntryLine(ident, value);
     int place = FindHeader(section);
     if (place < 0) {
         TStringList::Add({});
@@ -180,6 +185,25 @@ void TKxIniList::WriteString(TText section, TText ident, TText value)
             break;
     }
     InsertIndexed((*this)[place].empty() ? place : place + 1, std::move(line));
+}
+
+void TKxIniList::WriteStrings(TText section, std::span<const std::pair<std::string, std::string>> entries)
+{
+    if (entries.empty())
+        return;
+    WriteString(section, entries[0].first, entries[0].second);  // which makes the section
+    std::unordered_map<std::string, int> places;
+    int end = FindHeader(section) + 1;
+    for (; end < Count() && !(*this)[end].empty(); ++end)
+        if (const auto length = (*this)[end].find('='); length != std::string::npos)
+            places.emplace(UpperCase((*this)[end].substr(0, length)), end);
+    for (const auto& [ident, value] : entries.subspan(1)) {
+        const auto found = places.find(UpperCase(ident));
+        if (found == places.end())
+            InsertIndexed(end++, EntryLine(ident, value));
+        else
+            Put(found->second, EntryLine(ident, value));
+    }
 }
 
 int TKxIniList::ReadInteger(TText section, TText ident, int byDefault) const

