@@ -26,6 +26,7 @@ public:
     explicit TQtDevice(QPainter& painter, double scale = 1);
 
     void Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state) override;
+    void Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state) override;
     void Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state) override;
     void Polygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush,
                  const TDrawState& state) override;
