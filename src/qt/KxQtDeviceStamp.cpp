@@ -22,7 +22,11 @@ class TPixelRuns
 {
 public:
     TPixelRuns(QImage& image, QRgb color, TPoint origin, const TRect& clip)
-        : FBits(image.bits()), FStride(image.bytesPerLine()), FColor(color), FOrigin(origin), FClip(clip)
+        : FBits(image.bits()),
+          FStride(image.bytesPerLine()),
+          FColor(color),
+          FOrigin(origin),
+          FClip(clip.Intersected(TRect{0, 0, image.width(), image.height()}.Shifted({-origin.X, -origin.Y})))
     {}
 
     /// False for a line in another direction.
@@ -35,6 +39,13 @@ public:
         else
             return false;
         return true;
+    }
+
+    void Fill(const TRect& box) const
+    {
+        const TRect seen = box.Intersected(FClip);
+        for (int y = seen.Top; y < seen.Bottom && seen.Left < seen.Right; ++y)
+            std::fill(Row(y) + seen.Left, Row(y) + seen.Right, FColor);
     }
 
 private:
@@ -88,15 +99,30 @@ void TQtDevice::Lines(std::span<const TPoint> ends, const TPenState& pen, const 
     QImage* const image = isPlain ? WritableImage() : nullptr;
     if (!image)
         return TDrawDevice::Lines(ends, pen, state);
-    const TPoint origin = OriginInImage();
-    const TRect whole = TRect{0, 0, image->width(), image->height()}.Shifted({-origin.X, -origin.Y});
-    const TPixelRuns runs(*image, QtColor(pen.Color).rgb(), origin, FState->Clip.Intersected(whole));
+    const TPixelRuns runs(*image, QtColor(pen.Color).rgb(), OriginInImage(), FState->Clip);
     for (std::size_t i = 1; i < ends.size(); i += 2) {
         const TPoint from = ends[i - 1], to = ends[i];
         // Next to the largest numbers a sum would leave them.
         if (from != to && (IsFar(from) || IsFar(to) || !runs.Draw(from, to)))
             Line(from, to, pen, state);
     }
+}
+
+bool TQtDevice::FillPixels(const TRect& box, TColor border, const TBrushState& brush)
+{
+    QImage* const image = FState->Mode == dmCopy && brush.Style <= bsClear ? WritableImage() : nullptr;
+    if (!image)
+        return false;
+    const TPoint origin = OriginInImage();
+    const TPixelRuns pen(*image, QtColor(border).rgb(), origin, FState->Clip);
+    if (brush.Style == bsSolid && box.Width() > 2 && box.Height() > 2)
+        TPixelRuns(*image, QtColor(brush.Color).rgb(), origin, FState->Clip)
+            .Fill({box.Left + 1, box.Top + 1, box.Right - 1, box.Bottom - 1});
+    pen.Fill({box.Left, box.Top, box.Right, box.Top + 1});
+    pen.Fill({box.Left, box.Bottom - 1, box.Right, box.Bottom});
+    pen.Fill({box.Left, box.Top, box.Left + 1, box.Bottom});
+    pen.Fill({box.Right - 1, box.Top, box.Right, box.Bottom});
+    return true;
 }
 
 void TQtDevice::Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,
