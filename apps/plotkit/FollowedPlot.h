@@ -35,7 +35,8 @@ public:
 private:
     TFileFollower FFollower;
     TKx2DGraph* FGraph;
-    std::vector<TKxDataSeries*> FSeries;
+    std::vector<TKxNotCalculatedSeries*> FSeries;
+    std::vector<TKxCustomRealVector*> FExtras;
     bool FIsXPositive, FIsYPositive;
     int FInterval;
     std::unique_ptr<TTimer> FTimer;

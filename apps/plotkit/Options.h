@@ -5,6 +5,7 @@
 #include <string>
 #include <vector>
 
+#include "plotkit/SeriesKind.h"
 #include "plotkit/table/TableDialect.h"
 
 namespace plotkit {
@@ -80,6 +81,7 @@ struct TOptions
     TSchemeChoice Scheme = ccAuto;
     std::string LookFile;  ///< empty: none
     TLegendChoice Legend = lcAuto;
+    TSeriesKind Kind;
     TDialectWish Reading;
     /// Seconds between two looks at a file that grows, of `show`.
     std::optional<double> Follow;
