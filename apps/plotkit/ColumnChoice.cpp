@@ -93,13 +93,15 @@ public:
         : FTable(table), FGroups(FindDateGroups(table)), FTaken(table.Columns.size(), false)
     {}
 
-    TColumnChoice Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys);
+    TColumnChoice Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys,
+                         std::span<const TExtraName> extras);
 
 private:
     using TIndex = std::size_t;
 
     void TakeNamedOrdinates(const std::vector<std::string>& ys, TColumnChoice& choice);
     void TakeOrdinate(std::string_view name, TColumnChoice& choice);
+    void TakeExtra(const TExtraName& extra, TColumnChoice& choice);
     bool TakeNamedGroup(const std::string& name, TColumnChoice& choice);
     void TakeAbscissa(TColumnChoice& choice);
     bool TakeFirstOrdinate(TColumnChoice& choice, bool timesToo);
@@ -205,6 +207,14 @@ void TChooser::TakeOrdinate(std::string_view name, TColumnChoice& choice)
     choice.Ys.push_back(Take(column.Number - 1));
 }
 
+void TChooser::TakeExtra(const TExtraName& extra, TColumnChoice& choice)
+{
+    const TCsvColumn& column = FTable.Columns[FindOne(extra.Name, extra.Option)];
+    if (column.Type != ctNumber)
+        FailWithoutNumbers(column, extra.Option);
+    choice.Extras.push_back({extra.Ordinate, extra.Place, Take(column.Number - 1)});
+}
+
 void TChooser::TakeNamedOrdinates(const std::vector<std::string>& ys, TColumnChoice& choice)
 {
     for (const std::string& text : ys) {
@@ -265,7 +275,8 @@ bool TChooser::TakeFirstOrdinate(TColumnChoice& choice, bool timesToo)
     return false;
 }
 
-TColumnChoice TChooser::Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys)
+TColumnChoice TChooser::Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys,
+                               std::span<const TExtraName> extras)
 {
     TColumnChoice choice;
     if (x && !TakeNamedGroup(*x, choice)) {
@@ -275,6 +286,8 @@ TColumnChoice TChooser::Choose(const std::optional<std::string>& x, const std::v
         choice.X = Take(column.Number - 1);
     }
     TakeNamedOrdinates(ys, choice);
+    for (const TExtraName& extra : extras)
+        TakeExtra(extra, choice);
     if (!x)
         TakeAbscissa(choice);
     if (!choice.Ys.empty() || TakeFirstOrdinate(choice, false) || TakeFirstOrdinate(choice, true))
@@ -291,9 +304,9 @@ TColumnChoice TChooser::Choose(const std::optional<std::string>& x, const std::v
 }  // namespace
 
 TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::string>& x,
-                            const std::vector<std::string>& ys)
+                            const std::vector<std::string>& ys, std::span<const TExtraName> extras)
 {
-    return TChooser(table).Choose(x, ys);
+    return TChooser(table).Choose(x, ys, extras);
 }
 
 std::string DescribeChoice(const TColumnChoice& choice)

@@ -2,9 +2,11 @@
 #pragma once
 
 #include <optional>
+#include <span>
 #include <string>
 #include <vector>
 
+#include "plotkit/SeriesKind.h"
 #include "plotkit/table/CsvTable.h"
 
 namespace plotkit {
@@ -30,10 +32,19 @@ struct TChosenColumn
     TCsvCell FirstBad;
 };
 
+/// A column of errors or displacements.
+struct TExtraColumn
+{
+    std::size_t Ordinate = 0;  ///< whose it is
+    int Place = 0;             ///< see TExtraName
+    TChosenColumn Column;
+};
+
 struct TColumnChoice
 {
     TChosenColumn X;
     std::vector<TChosenColumn> Ys;  ///< at least one
+    std::vector<TExtraColumn> Extras;
 };
 
 /// `x` and `ys`: what the user named; `ys` texts may name several columns, separated by commas. A column is named by
@@ -45,7 +56,7 @@ struct TColumnChoice
 /// column when there is nothing else. EConvertError with file and option: an unknown or ambiguous name (the columns are
 /// listed), a column that holds no numbers or numbers with thousands marks, no number column at all.
 TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::string>& x,
-                            const std::vector<std::string>& ys);
+                            const std::vector<std::string>& ys, std::span<const TExtraName> extras = {});
 
 /// "X: year_month (date), Y: co2_ppm (820 values, 3 missing)".
 std::string DescribeChoice(const TColumnChoice& choice);

@@ -74,7 +74,7 @@ std::string TDocument::Description() const
 
 void TDocument::Build(const TOptions& options)
 {
-    TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys);
+    TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys, options.Kind.Columns);
     std::vector<std::string> notes = DescribeDoubts(FTable, choice);
     const TOptions scaled = options.LookFile.empty() ? options : WithScalesOf(BuildPlot(choice, options), options);
     for (std::string& note : FitToLogScales(choice, scaled))

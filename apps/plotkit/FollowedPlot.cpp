@@ -7,7 +7,7 @@
 #include "data/KxVector.h"
 #include "plotkit/KeptView.h"
 #include "plotkit/LogColumns.h"
-#include "series/KxDataSeries.h"
+#include "series/KxNotCalculatedSeries.h"
 
 namespace plotkit {
 namespace {
@@ -31,6 +31,8 @@ std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
     std::vector<TFollowedColumn> columns{{choice.X.Name, choice.X.Sources}};
     for (const TChosenColumn& column : choice.Ys)
         columns.push_back({column.Name, column.Sources});
+    for (const TExtraColumn& extra : choice.Extras)
+        columns.push_back({extra.Column.Name, extra.Column.Sources});
     return columns;
 }
 
@@ -39,6 +41,7 @@ TFollowedPlot::TFollowedPlot(const TPlot& plot, std::unique_ptr<TRowFollower> fo
       FForm(plot.Form.get()),
       FGraph(plot.Graph),
       FSeries(plot.Series),
+      FExtras(plot.Extras),
       FIsXPositive(NeedsPositive(options.XScale)),
       FIsYPositive(NeedsPositive(options.YScale)),
       FInterval(static_cast<int>(std::lround(options.Follow.value_or(1) * 1000)))
@@ -56,13 +59,15 @@ void TFollowedPlot::Poll()
     const bool isNew = rows.RowCount > 0 || rows.IsRestart;
     if (isNew) {
         for (std::size_t i = 0; i < rows.Values.size(); ++i)
-            if (i == 0 ? FIsXPositive : FIsYPositive)
+            if (i <= FSeries.size() && (i == 0 ? FIsXPositive : FIsYPositive))
                 KeepPositive(rows.Values[i]);
         const TKeptView view(*FGraph);
         for (std::size_t i = 0; i < FSeries.size(); ++i) {
             Put(FSeries[i]->GetXData(), rows.Values[0], rows.IsRestart);
             Put(FSeries[i]->GetYData(), rows.Values[i + 1], rows.IsRestart);
         }
+        for (std::size_t i = 0; i < FExtras.size(); ++i)
+            Put(FExtras[i], rows.Values[FSeries.size() + 1 + i], rows.IsRestart);
         // The axes look at values that were replaced when they are painted, and then show all of them.
         if (rows.IsRestart && rows.IsSameTable && view.IsZoomed())
             FForm->Picture();

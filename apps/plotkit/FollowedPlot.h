@@ -39,7 +39,8 @@ private:
     std::unique_ptr<TRowFollower> FFollower;
     TForm* FForm;
     TKx2DGraph* FGraph;
-    std::vector<TKxDataSeries*> FSeries;
+    std::vector<TKxNotCalculatedSeries*> FSeries;
+    std::vector<TKxCustomRealVector*> FExtras;
     bool FIsXPositive, FIsYPositive;
     int FInterval;
     std::unique_ptr<TTimer> FTimer;

@@ -2,14 +2,14 @@
 
 #include <algorithm>
 
-#include "data/KxVector.h"
 #include "graph/KxAxis.h"
 #include "graph/KxLabel.h"
 #include "graph/KxLegend.h"
 #include "plotkit/ColourScheme.h"
 #include "plotkit/DateCaption.h"
 #include "plotkit/LookFile.h"
-#include "series/KxDataSeries.h"
+#include "plotkit/PlotSeries.h"
+#include "series/KxBarSeries.h"
 
 namespace plotkit {
 namespace {
@@ -18,15 +18,6 @@ constexpr int Margin = 8;
 constexpr std::size_t MostNamesInCaption = 3;
 constexpr std::size_t MostNamesAbove = 6;
 constexpr int CornerGap = 40;
-
-/// A name as a caption that shows it unchanged.
-std::string CaptionOf(const std::string& name)
-{
-    std::string caption;
-    for (const char c : name)
-        caption += c == '\\' ? std::string("\\\\") : std::string(1, c);
-    return caption;
-}
 
 void SetFont(TFont& font, int size, TColor ink)
 {
@@ -116,42 +107,6 @@ void SetLook(TKx2DGraph& graph, const TOptions& options, const TColourScheme& sc
     }
 }
 
-TKxRealVector* NewVector(TForm& form, const TArray<double>& values, const TOptions& options)
-{
-    auto* vector = options.Follow ? new TKxLiveVector(&form) : new TKxRealVector(&form);
-    vector->Assign(values);
-    return vector;
-}
-
-TKxDataSeries* AddSeries(TForm& form, TKx2DGraph& graph, const TColumnChoice& choice, std::size_t i,
-                         const TOptions& options, const TColourScheme& scheme)
-{
-    const TChosenColumn& column = choice.Ys[i];
-    const TColor color = scheme.Curves[i % SchemeColours];
-    const std::size_t count = std::min(choice.X.ValueCount, column.ValueCount);
-    auto* series = new TKxDataSeries(&form);
-    series->SetName("Series" + std::to_string(i + 1));
-    series->SetCaption(CaptionOf(column.Caption));
-    series->GetLineStyle().SetColor(color);
-    series->GetLineStyle().SetWidth(count > MostPointsWithSymbols ? 1 : 2);
-    series->GetLineStyle().SetVisible(options.Line);
-    series->GetAreaStyle().SetColor(scheme.Areas[i % SchemeColours]);
-    // Of several areas none is to hide another.
-    series->GetAreaStyle().SetDrawXOred(choice.Ys.size() > 1);
-    series->GetAreaStyle().SetVisible(options.Area);
-    series->GetPointStyle().SetColor(color);
-    series->GetPointStyle().SetStyle(SyCircleFilled);
-    series->GetPointStyle().SetSize(count > MostPointsWithSymbols ? 1 : 3);
-    series->GetPointStyle().SetVisible(options.Points == ooOn || !options.Line ||
-                                       (options.Points == ooAuto && count <= MostPointsWithSymbols));
-    // The ranges of plain vectors are registered only with an axis that is there before them.
-    series->SetXAxis(graph.GetPrimaryXAxis());
-    series->SetYAxis(graph.GetPrimaryYAxis());
-    series->SetXData(NewVector(form, choice.X.Values, options));
-    series->SetYData(NewVector(form, column.Values, options));
-    return series;
-}
-
 TKxAxisPos PositionOf(TLegendChoice choice, std::size_t count)
 {
     switch (choice) {
@@ -202,7 +157,9 @@ void LeaveOutAreas(TPlot& plot)
     if (scaling != AxLog && scaling != AxLogEE)
         return;
     bool isLost = false;
-    for (TKxDataSeries* series : plot.Series) {
+    for (TKxNotCalculatedSeries* series : plot.Series) {
+        if (dynamic_cast<TKxBarSeries*>(series))
+            continue;
         isLost = isLost || series->GetAreaStyle().GetVisible();
         series->GetAreaStyle().SetVisible(false);
     }
@@ -217,11 +174,12 @@ void KeepWishes(const TPlot& plot, const TOptions& options)
         grid->SetVisible(grid->GetVisible() && options.Grid);
     for (TKxLineStyle* grid : {&plot.Graph->GetMinorGridX(), &plot.Graph->GetMinorGridY()})
         grid->SetVisible((grid->GetVisible() && options.Grid) || options.MinorGrid);
-    for (TKxDataSeries* series : plot.Series) {
+    for (TKxNotCalculatedSeries* series : plot.Series) {
         series->GetAreaStyle().SetVisible(series->GetAreaStyle().GetVisible() || options.Area);
         series->GetLineStyle().SetVisible(series->GetLineStyle().GetVisible() && options.Line);
-        if (options.Points != ooAuto || !options.Line)
-            series->GetPointStyle().SetVisible(options.Points != ooOff);
+        auto* const data = dynamic_cast<TKxDataSeries*>(series);
+        if (data && (options.Points != ooAuto || !options.Line || options.Kind.HasErrors))
+            data->GetPointStyle().SetVisible(options.Points != ooOff);
     }
     if (options.Legend == lcAuto)
         return;
@@ -249,15 +207,18 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
     SetLook(*plot.Graph, options, scheme);
     TKxAxis& x = *plot.Graph->GetPrimaryXAxis();
     TKxAxis& y = *plot.Graph->GetPrimaryYAxis();
-    SetLook(x, options.XCaption.value_or(CaptionOf(choice.X.Caption)), scheme.Ink);
-    SetLook(y, options.YCaption.value_or(CaptionOfOrdinates(choice, options)), scheme.Ink);
-    x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime));
-    y.SetScaling(ScalingOf(options.YScale, false));
-    for (std::size_t i = 0; i < choice.Ys.size(); ++i)
-        plot.Series.push_back(AddSeries(form, *plot.Graph, choice, i, options, scheme));
+    // Categories of horizontal bars stand at the Y axis.
+    std::string along = CaptionOf(choice.X.Caption), up = CaptionOfOrdinates(choice, options);
+    if (options.Kind.Horizontal)
+        along.swap(up);
+    SetLook(x, options.XCaption.value_or(along), scheme.Ink);
+    SetLook(y, options.YCaption.value_or(up), scheme.Ink);
+    x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime && !options.Kind.Horizontal));
+    y.SetScaling(ScalingOf(options.YScale, choice.X.IsDateTime && options.Kind.Horizontal));
+    AddSeries(plot, choice, options, scheme);
     if (HasLegend(choice, options))
         AddLegend(form, *plot.Graph, choice.Ys.size(), options.Legend, scheme);
-    if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay)
+    if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay && !options.Kind.Horizontal)
         plot.DateName = x.GetUserCaption();
     if (!options.LookFile.empty())
         plot.Notes = DressPlot(plot, options, options.LookFile);

@@ -13,19 +13,21 @@
 
 namespace plotkit {
 
-class TKxDataSeries;
+class TKxCustomRealVector;
+class TKxNotCalculatedSeries;
 
 struct TPlot
 {
     std::unique_ptr<TForm> Form;
-    TKx2DGraph* Graph = nullptr;         ///< owned by the form
-    std::vector<TKxDataSeries*> Series;  ///< one per ordinate, owned by the form
+    TKx2DGraph* Graph = nullptr;                  ///< owned by the form
+    std::vector<TKxNotCalculatedSeries*> Series;  ///< one per ordinate, owned by the form
+    std::vector<TKxCustomRealVector*> Extras;     ///< one per extra column, owned by the form
     /// What the caption of a date axis starts with, when the program makes it.
     std::optional<std::string> DateName;
     std::vector<std::string> Notes;  ///< what of the options could not be used
 };
 
-/// A form of the options' size, filled by one graph with a data series per ordinate. The vectors of the series are
+/// A form of the options' size, filled by one graph with a series per ordinate. The vectors of the series are
 /// their own; their arrays are those of the columns, not copied; vectors of a file that is followed tell of their
 /// changes. EConvertError naming the option: a logarithmic scale where no value is positive; errors of LoadLook.
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);

@@ -57,8 +57,9 @@ void KeepPositive(std::span<double> values)
 std::vector<std::string> FitToLogScales(TColumnChoice& choice, const TOptions& options)
 {
     std::vector<std::string> notes;
-    FitColumns({&choice.X, 1}, options.XScale, notes);
-    FitColumns(choice.Ys, options.YScale, notes);
+    const bool isTurned = options.Kind.Horizontal;
+    FitColumns({&choice.X, 1}, isTurned ? options.YScale : options.XScale, notes);
+    FitColumns(choice.Ys, isTurned ? options.XScale : options.YScale, notes);
     return notes;
 }
 

@@ -25,6 +25,7 @@ struct TTexts
 {
     std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme, Legend;
     std::string Separator, Decimal, Header, Comment, Skip, Dates, Follow;
+    TKindTexts Kind;
     bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
 };
 
@@ -130,6 +131,8 @@ void ReadFile(const CLI::App& command, const TTexts& texts, TOptions& options)
         if (options.File == "-")
             Fail("--follow", "standard input cannot be followed, only a file can");
     }
+    if (options.Follow && options.Kind.HasBars)
+        Fail("--bars", "goes not together with --follow");
     // A window can wait for its file.
     if (options.File.empty() && (options.Command == pcRender || options.Follow))
         Fail("FILE", "name the file with the data");
@@ -193,6 +196,7 @@ void AddCommonOptions(CLI::App& app, TOptions& options, TTexts& texts)
     app.add_option("--outfit", options.LookFile,
                    "Look of the graph, as saved in the window; other options go before it")
         ->type_name("FILE");
+    AddKindOptions(app, texts.Kind);
     app.add_option("--legend", texts.Legend,
                    "none, top, bottom, left, right or free (top or right for several columns)")
         ->type_name("PLACE");
@@ -258,6 +262,7 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     options.MinorGrid = texts.Grid;
     if (!options.Line && options.Points == ooOff)
         Fail("--no-line", "with --no-points nothing would be drawn");
+    options.Kind = ReadKind(command, texts.Kind);
     ReadSize(texts, options);
     ReadReading(command, texts, options.Reading);
     ReadFile(command, texts, options);

@@ -6,6 +6,7 @@
 #include <vector>
 
 #include "plotkit/db/DatabaseWish.h"
+#include "plotkit/SeriesKind.h"
 #include "plotkit/table/TableDialect.h"
 
 namespace plotkit {
@@ -82,6 +83,7 @@ struct TOptions
     TSchemeChoice Scheme = ccAuto;
     std::string LookFile;  ///< empty: none
     TLegendChoice Legend = lcAuto;
+    TSeriesKind Kind;
     TDialectWish Reading;
     /// Seconds between two looks at a file that grows, of `show`.
     std::optional<double> Follow;

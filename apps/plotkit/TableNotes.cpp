@@ -65,6 +65,8 @@ std::vector<std::string> DescribeDoubts(const TCsvTable& table, const TColumnCho
     AddColumnDoubts(table, choice.X, lines);
     for (const TChosenColumn& column : choice.Ys)
         AddColumnDoubts(table, column, lines);
+    for (const TExtraColumn& extra : choice.Extras)
+        AddColumnDoubts(table, extra.Column, lines);
     return lines;
 }
 

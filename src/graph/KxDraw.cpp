@@ -7,6 +7,7 @@
 
 #include "foundation/KxArithm.h"
 #include "host/CheckedMath.h"
+#include "host/Host.h"
 #include "host/PixelMath.h"
 #include "host/Recording.h"
 
@@ -157,6 +158,12 @@ void DrawLine(int x1, int y1, int x2, int y2, TCanvas& canvas)
     canvas.LineTo(x2, y2);
 }
 
+void DrawLines(std::span<const TPoint> ends, TCanvas& canvas)
+{
+    KeepDashesThin(canvas);
+    canvas.Lines(ends);
+}
+
 void DrawFrame(int x1, int y1, int x2, int y2, TCanvas& canvas)
 {
     KeepDashesThin(canvas);
@@ -206,6 +213,52 @@ void DrawArrow(int x1, int y1, int x2, int y2, int tipLength, int tipWidth, TCan
     canvas.Brush.SetColor(canvas.Pen.Color);
     const std::array<TPoint, 3> corners{{{x2, y2}, head.Left, head.Right}};
     canvas.Polygon(corners);
+}
+
+void DrawArrows(std::span<const TPoint> starts, std::span<const TPoint> ends, int tipLength, int tipWidth,
+                TCanvas& canvas)
+{
+    const TRect clip = canvas.ClipRect();
+    const std::int64_t reach = std::int64_t{canvas.DevicePen().Width} + std::abs(std::int64_t{tipLength}) +
+                               std::abs(std::int64_t{tipWidth}) + 1;
+    const auto isSeen = [&](TPoint a, TPoint b) {
+        return a != MissingPoint && b != MissingPoint && std::max(a.X, b.X) + reach >= clip.Left &&
+               std::min(a.X, b.X) - reach <= clip.Right && std::max(a.Y, b.Y) + reach >= clip.Top &&
+               std::min(a.Y, b.Y) - reach <= clip.Bottom;
+    };
+    std::vector<TPoint> shafts;
+    for (std::size_t i = 0; i < std::min(starts.size(), ends.size()); ++i)
+        if (isSeen(starts[i], ends[i])) {
+            const TPoint dot{starts[i].X, AddPixels(starts[i].Y, 1)};
+            shafts.insert(shafts.end(), {starts[i], starts[i] == ends[i] ? dot : ends[i]});
+        }
+    // All arrows have one colour, so that it does not matter which lies above which.
+    DrawLines(shafts, canvas);
+    if (tipLength == 0)
+        return;
+    canvas.Brush.SetStyle(bsSolid);
+    canvas.Brush.SetColor(canvas.Pen.Color);
+    for (std::size_t i = 0; i < std::min(starts.size(), ends.size()); ++i) {
+        const TPoint from = starts[i], to = ends[i];
+        if (from == to || !isSeen(from, to))
+            continue;
+        const TArrowHead head = ArrowHead(from.X, from.Y, to.X, to.Y, tipLength, tipWidth);
+        const std::array<TPoint, 3> corners{{to, head.Left, head.Right}};
+        canvas.Polygon(corners);
+    }
+}
+
+TColor XoredColor(TColor color, TColor background)
+{
+    const auto rgb = [](TColor c) { return ColorToInt(Host().ResolveColor(c)) & 0xFFFFFF; };
+    return IntToColor(rgb(color) ^ rgb(background));
+}
+
+TColor ShadedColor(TColor color, int tenths)
+{
+    const TColor shown = Host().ResolveColor(color);
+    const auto part = [tenths](std::uint8_t byte) { return static_cast<std::uint8_t>(byte / 10 * tenths); };
+    return RgbColor(part(RedOf(shown)), part(GreenOf(shown)), part(BlueOf(shown)));
 }
 
 void Draw3DBar(int x1, int y1, int x2, int y2, int depthX, int depthY, TColor frameColor, TColor frontColor,

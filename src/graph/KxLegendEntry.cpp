@@ -21,6 +21,81 @@ void DrawAreaSample(const TKxLegendSample::TArea& area, const TRect& box, TCanva
     canvas.FillRect(box);
 }
 
+/// How far an error bar of a sample reaches beyond its symbol.
+int ErrorReach(const TKxLegendSample& sample, double scale)
+{
+    return ScalePixels(sample.Points->Size, scale) + ScalePixels(3, scale);
+}
+
+void DrawErrorSample(const TKxLegendSample& sample, TPoint at, TCanvas& canvas)
+{
+    canvas.Pen = {sample.Form.ErrorColor, psSolid, 1, dmCopy};
+    const int size = ScalePixels(sample.Points->Size, canvas.Scale());
+    const int reach = ErrorReach(sample, canvas.Scale());
+    for (const int to : {-reach, reach}) {
+        const std::array across{at, TPoint{at.X + to, at.Y}, TPoint{at.X + to, at.Y - size},
+                                TPoint{at.X + to, at.Y + size}};
+        const std::array along{at, TPoint{at.X, at.Y + to}, TPoint{at.X - size, at.Y + to},
+                               TPoint{at.X + size, at.Y + to}};
+        if (sample.Form.HasXErrors)
+            DrawLines(across, canvas);
+        if (sample.Form.HasYErrors)
+            DrawLines(along, canvas);
+    }
+}
+
+void DrawBarsSample(const TKxLegendSample& sample, const TRect& box, TColor inside, TCanvas& canvas)
+{
+    constexpr std::array tenths{6, 10, 4};
+    const TColor front = sample.Area ? sample.Area->Color : inside;
+    const TKxLegendSample::TLine line = sample.Line.value_or(TKxLegendSample::TLine{front, psClear, 1});
+    canvas.Pen = {line.Color, line.Style, line.Width, dmCopy};
+    canvas.Brush.SetColor(front);
+    canvas.Brush.SetStyle(sample.Area ? sample.Area->Style : bsClear);
+    const bool horizontal = sample.Form.Horizontal;
+    const int depth = sample.Form.Solid ? ScalePixels(2, canvas.Scale()) : 0;
+    const int length = (horizontal ? box.Width() : box.Height()) - depth - 1;
+    const int width = (horizontal ? box.Height() : box.Width()) - depth - 1;
+    for (int i = 0; i < 3; ++i) {
+        const int from = width * i / 3, to = width * (i + 1) / 3,
+                  high = length * tenths[static_cast<std::size_t>(i)] / 10;
+        const TRect bar = horizontal ? TRect{box.Left, box.Bottom - to, box.Left + high, box.Bottom - from}
+                                     : TRect{box.Left + from, box.Bottom - high, box.Left + to, box.Bottom};
+        if (sample.Form.Solid)
+            Draw3DBar(bar.Left, bar.Top, bar.Right, bar.Bottom, depth, depth, line.Color, front, ShadedColor(front, 13),
+                      ShadedColor(front, 6), canvas);
+        else
+            canvas.Rectangle(bar.Left, bar.Top, bar.Right, bar.Bottom);
+    }
+}
+
+void DrawArrowSample(const TKxLegendSample& sample, const TRect& box, TCanvas& canvas)
+{
+    const int middle = box.Top + box.Height() / 2;
+    canvas.Pen = {sample.Line->Color, sample.Line->Style, sample.Line->Width, dmCopy};
+    DrawArrow(box.Left, middle, box.Right - 1, middle, ScalePixels(8, canvas.Scale()), ScalePixels(3, canvas.Scale()),
+              canvas);
+}
+
+void DrawCurveSample(const TKxLegendSample& sample, const TRect& box, TColor inside, TCanvas& canvas)
+{
+    const TPoint centre{box.Left + box.Width() / 2, box.Top + box.Height() / 2};
+    if (sample.Area)
+        DrawAreaSample(*sample.Area,
+                       {box.Left, sample.Line || sample.Points ? centre.Y : box.Top, box.Right, box.Bottom}, canvas);
+    if (sample.Line) {
+        canvas.Pen = {sample.Line->Color, sample.Line->Style, sample.Line->Width, dmCopy};
+        DrawLine(box.Left, centre.Y, box.Right, centre.Y, canvas);
+    }
+    if (!sample.Points)
+        return;
+    DrawErrorSample(sample, centre, canvas);
+    canvas.Pen = {sample.Points->Color, psSolid, sample.Points->Width, dmCopy};
+    canvas.Brush.SetColor(inside);
+    const int size = ScalePixels(sample.Points->Size, canvas.Scale());
+    DrawPointSymbol(centre.X, centre.Y, size, sample.Points->Symbol, canvas);
+}
+
 TKxCaptionRec Measured(const TKxCaption& caption, TCanvas& canvas)
 {
     TKxCaptionRec rec;
@@ -41,6 +116,7 @@ TKxLegendSample SampleOf(const TKxPlottable& series)
         sample.Area = {area->GetColor(), area->GetStyle()};
     if (const TKxPointStyle* points = series.SamplePoints(); points && points->GetVisible())
         sample.Points = {points->GetColor(), points->GetStyle(), points->GetSize(), points->GetWidth()};
+    sample.Form = series.SampleForm();
     return sample;
 }
 
@@ -61,7 +137,8 @@ int SampleHeight(const TKxLegendSample& sample, double scale)
     if (sample.Line)
         height = ScalePixels(sample.Line->Width, scale);
     if (sample.Points) {
-        const std::int64_t size = ScalePixels(sample.Points->Size, scale);
+        const std::int64_t size =
+            sample.Form.HasYErrors ? ErrorReach(sample, scale) : ScalePixels(sample.Points->Size, scale);
         height = std::max(height, AddPixels(SaturatePixel(2 * size + 1), ScalePixels(sample.Points->Width, scale)));
     }
     return height;
@@ -69,21 +146,13 @@ int SampleHeight(const TKxLegendSample& sample, double scale)
 
 void DrawSample(const TKxLegendSample& sample, const TRect& box, TColor inside, TCanvas& canvas)
 {
-    const TPoint centre{box.Left + box.Width() / 2, box.Top + box.Height() / 2};
     canvas.SetClipRect(box);
-    if (sample.Area)
-        DrawAreaSample(*sample.Area,
-                       {box.Left, sample.Line || sample.Points ? centre.Y : box.Top, box.Right, box.Bottom}, canvas);
-    if (sample.Line) {
-        canvas.Pen = {sample.Line->Color, sample.Line->Style, sample.Line->Width, dmCopy};
-        DrawLine(box.Left, centre.Y, box.Right, centre.Y, canvas);
-    }
-    if (sample.Points) {
-        canvas.Pen = {sample.Points->Color, psSolid, sample.Points->Width, dmCopy};
-        canvas.Brush.SetColor(inside);
-        const int size = ScalePixels(sample.Points->Size, canvas.Scale());
-        DrawPointSymbol(centre.X, centre.Y, size, sample.Points->Symbol, canvas);
-    }
+    if (sample.Form.Kind == skBars)
+        DrawBarsSample(sample, box, inside, canvas);
+    else if (sample.Form.Kind == skArrow && sample.Line)
+        DrawArrowSample(sample, box, canvas);
+    else
+        DrawCurveSample(sample, box, inside, canvas);
     canvas.RemoveClip();
 }
 
@@ -95,6 +164,7 @@ TKxLegendSample Greyed(TKxLegendSample sample)
         sample.Area->Color = HiddenAreaColor;
     if (sample.Points)
         sample.Points->Color = HiddenEntryColor;
+    sample.Form.ErrorColor = HiddenEntryColor;
     return sample;
 }
 

@@ -38,6 +38,7 @@ struct TKxLegendSample
     std::optional<TLine> Line;
     std::optional<TArea> Area;
     std::optional<TPoints> Points;
+    TKxSampleForm Form;
 
     friend bool operator==(const TKxLegendSample&, const TKxLegendSample&) = default;
 };
@@ -74,8 +75,8 @@ int SampleHeight(const TKxLegendSample& sample, double scale);
 /// Captions and samples of hidden series are this grey.
 inline constexpr TColor HiddenEntryColor = RgbColor(160, 160, 160);
 
-/// A piece of the line across the middle of `box`, the area below it, one symbol in the centre; nothing outside `box`.
-/// `inside`: the colour in open symbols.
+/// A piece of the line across the middle of `box`, the area below it, one symbol in the centre, with its error bars;
+/// three bars; an arrow. Nothing outside `box`. `inside`: the colour in open symbols and bars.
 void DrawSample(const TKxLegendSample& sample, const TRect& box, TColor inside, TCanvas& canvas);
 /// The same sample in grey.
 TKxLegendSample Greyed(TKxLegendSample sample);

@@ -3,6 +3,7 @@
 
 #include "host/Component.h"
 #include "host/List.h"
+#include "host/Types.h"
 
 namespace plotkit {
 
@@ -15,6 +16,25 @@ class TKxPlottable;
 
 /// Series in drawing order; owns nothing.
 using TKxSeriesList = TList<TKxPlottable>;
+
+enum TKxSampleKind : std::uint8_t
+{
+    skCurve,
+    skBars,
+    skArrow,
+};
+
+/// What a sample of a series shows beside its styles.
+struct TKxSampleForm
+{
+    TKxSampleKind Kind = skCurve;
+    bool Horizontal = false;  ///< of bars
+    bool Solid = false;       ///< of bars: blocks
+    bool HasXErrors = false, HasYErrors = false;
+    TColor ErrorColor = clBlack;
+
+    friend bool operator==(const TKxSampleForm&, const TKxSampleForm&) = default;
+};
 
 class TKxPlottable : public TComponent
 {
@@ -58,6 +78,7 @@ public:
     virtual const TKxLineStyle* SampleLine() const { return nullptr; }
     virtual const TKxAreaStyle* SampleArea() const { return nullptr; }
     virtual const TKxPointStyle* SamplePoints() const { return nullptr; }
+    virtual TKxSampleForm SampleForm() const { return {}; }
 
 protected:
     virtual void ShownChanged() {}

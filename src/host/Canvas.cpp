@@ -69,6 +69,12 @@ void TCanvas::LineTo(int x, int y)
     FPenPos = to;
 }
 
+void TCanvas::Lines(std::span<const TPoint> ends)
+{
+    if (ends.size() > 1)
+        FDevice->Lines(Shifted(ends), DevicePen(), DeviceState());
+}
+
 void TCanvas::Polyline(std::span<const TPoint> points)
 {
     if (!points.empty())

@@ -69,6 +69,8 @@ public:
     void MoveTo(int x, int y) { FPenPos = {x, y}; }
     /// The end pixel is not drawn; the pen moves there.
     void LineTo(int x, int y);
+    /// Separate lines, two points each, as `MoveTo` and `LineTo` draw them; the pen position stays.
+    void Lines(std::span<const TPoint> ends);
     void Polyline(std::span<const TPoint> points);
     void Polygon(std::span<const TPoint> points);
     void Ellipse(int left, int top, int right, int bottom);

@@ -113,6 +113,13 @@ public:
 
     /// The pixel at `to` is not drawn.
     virtual void Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state) = 0;
+    /// Separate lines with one pen, each as `Line` draws it: from `ends[0]` to `ends[1]`, from `ends[2]` to `ends[3]`
+    /// and so on.
+    virtual void Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state)
+    {
+        for (std::size_t i = 1; i < ends.size(); i += 2)
+            Line(ends[i - 1], ends[i], pen, state);
+    }
     /// Both ends are drawn; dashes run on through the corners.
     virtual void Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state) = 0;
     /// Closed, outlined with the pen and filled with the brush.

@@ -29,6 +29,10 @@ struct TReplayer
     {
         Device.Line(MovePoint(c.From, Shift), MovePoint(c.To, Shift), c.Pen, Moved(c.State));
     }
+    void operator()(const TLinesCommand& c) const
+    {
+        Device.Lines(plotkit::Moved(c.Ends, Shift), c.Pen, Moved(c.State));
+    }
     void operator()(const TPolylineCommand& c) const
     {
         Device.Polyline(plotkit::Moved(c.Points, Shift), c.Pen, Moved(c.State));
@@ -61,6 +65,10 @@ struct TReplayer
 class TExpander : public TRecording
 {
 public:
+    void Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state) override
+    {
+        TDrawDevice::Lines(ends, pen, state);
+    }
     void Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,
                const TDrawState& state) override
     {
@@ -86,6 +94,11 @@ bool operator==(const TStampCommand& a, const TStampCommand& b)
 void TRecording::Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state)
 {
     Add(TLineCommand{from, to, pen, state});
+}
+
+void TRecording::Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state)
+{
+    Add(TLinesCommand{{ends.begin(), ends.end()}, pen, state});
 }
 
 void TRecording::Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state)

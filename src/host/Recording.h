@@ -15,6 +15,13 @@ struct TLineCommand
     TDrawState State;
     friend bool operator==(const TLineCommand&, const TLineCommand&) = default;
 };
+struct TLinesCommand
+{
+    std::vector<TPoint> Ends;
+    TPenState Pen;
+    TDrawState State;
+    friend bool operator==(const TLinesCommand&, const TLinesCommand&) = default;
+};
 struct TPolylineCommand
 {
     std::vector<TPoint> Points;
@@ -67,8 +74,8 @@ struct TStampCommand
     friend bool operator==(const TStampCommand& a, const TStampCommand& b);
 };
 
-using TDrawCommand = std::variant<TLineCommand, TPolylineCommand, TPolygonCommand, TEllipseCommand, TRectangleCommand,
-                                  TFocusRectCommand, TTextCommand, TStampCommand>;
+using TDrawCommand = std::variant<TLineCommand, TLinesCommand, TPolylineCommand, TPolygonCommand, TEllipseCommand,
+                                  TRectangleCommand, TFocusRectCommand, TTextCommand, TStampCommand>;
 
 class TRecording : public TDrawDevice
 {
@@ -76,6 +83,7 @@ public:
     std::vector<TDrawCommand> Commands;
 
     void Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state) override;
+    void Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state) override;
     void Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state) override;
     void Polygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush,
                  const TDrawState& state) override;
@@ -90,7 +98,7 @@ public:
     void Replay(TDrawDevice& device, TPoint shift = {}) const;
     /// One line per command, for people and for comparison with kept files.
     std::string ToText() const;
-    /// The same picture with every stamp written out as the commands it stands for.
+    /// The same picture with every stamp and every set of lines written out as the commands they stand for.
     TRecording Expanded() const;
     void Clear() { Commands.clear(); }
 

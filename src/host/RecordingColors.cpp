@@ -146,6 +146,7 @@ private:
         color = place->second;
     }
     void Change(TLineCommand& c) { Change(c.Pen.Color); }
+    void Change(TLinesCommand& c) { Change(c.Pen.Color); }
     void Change(TPolylineCommand& c) { Change(c.Pen.Color); }
     template <class TFilled>
     void Change(TFilled& c)

@@ -141,6 +141,10 @@ private:
     {
         return "line " + PointText(c.From) + " " + PointText(c.To) + PenText(c.Pen);
     }
+    std::string Line(const TLinesCommand& c, const std::string&)
+    {
+        return "lines" + PointsText(c.Ends) + PenText(c.Pen);
+    }
     std::string Line(const TPolylineCommand& c, const std::string&)
     {
         return "polyline" + PointsText(c.Points) + PenText(c.Pen);

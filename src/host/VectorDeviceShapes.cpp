@@ -76,6 +76,7 @@ struct TBounds
     void Add(const TRect& box) { Add(std::array{box.TopLeft(), TPoint{box.Right, box.Bottom}}, NoPen); }
 
     void operator()(const TLineCommand& c) { Add(std::array{c.From, c.To}, c.Pen); }
+    void operator()(const TLinesCommand& c) { Add(c.Ends, c.Pen); }
     void operator()(const TPolylineCommand& c) { Add(c.Points, c.Pen); }
     void operator()(const TPolygonCommand& c) { Add(c.Points, c.Pen); }
     void operator()(const TEllipseCommand& c) { Add(c.Box); }

@@ -162,6 +162,8 @@ void TQtDevice::Rectangle(const TRect& box, const TPenState& pen, const TBrushSt
 void TQtDevice::ThinRectangle(const TRect& box, const TPenState& pen, const TBrushState& brush, TDrawMode mode)
 {
     const bool isDashed = IsDashed(pen.Style);
+    if (!isDashed && FillPixels(box, pen.Color, brush))
+        return;
     // The gaps of a dashed frame show the filling, unless both would toggle the same pixels.
     const int border = isDashed && mode == dmCopy ? 0 : 1;
     const TRect inside{box.Left + border, box.Top + border, box.Right - border, box.Bottom - border};

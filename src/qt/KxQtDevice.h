@@ -26,6 +26,7 @@ public:
     explicit TQtDevice(QPainter& painter, double scale = 1);
 
     void Line(TPoint from, TPoint to, const TPenState& pen, const TDrawState& state) override;
+    void Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state) override;
     void Polyline(std::span<const TPoint> points, const TPenState& pen, const TDrawState& state) override;
     void Polygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush,
                  const TDrawState& state) override;
@@ -56,6 +57,8 @@ private:
     void FillPolygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush);
     void OutlinePolygon(std::span<const TPoint> points, const TPenState& pen);
     void ThinRectangle(const TRect& box, const TPenState& pen, const TBrushState& brush, TDrawMode mode);
+    /// A box with a thin solid border, set pixel by pixel; false when that cannot be.
+    bool FillPixels(const TRect& box, TColor border, const TBrushState& brush);
     void WideRectangle(const TRect& box, const TPenState& pen, const TBrushState& brush);
     void ThinEllipse(const TRect& box, const TPenState& pen, const TBrushState& brush, TDrawMode mode);
     void WideEllipse(const TRect& box, const TPenState& pen, const TBrushState& brush);

@@ -1,6 +1,8 @@
 #include <QImage>
+#include <algorithm>
 
 #include "qt/KxQtDevice.h"
+#include "qt/KxQtLines.h"
 #include "qt/KxQtSprite.h"
 
 namespace plotkit {
@@ -14,6 +16,61 @@ bool IsInside(const TRect& inner, const TRect& outer)
 {
     return inner.Intersected(outer) == inner;
 }
+
+/// Sets the pixels of lines along rows and columns.
+class TPixelRuns
+{
+public:
+    TPixelRuns(QImage& image, QRgb color, TPoint origin, const TRect& clip)
+        : FBits(image.bits()),
+          FStride(image.bytesPerLine()),
+          FColor(color),
+          FOrigin(origin),
+          FClip(clip.Intersected(TRect{0, 0, image.width(), image.height()}.Shifted({-origin.X, -origin.Y})))
+    {}
+
+    /// False for a line in another direction.
+    bool Draw(TPoint from, TPoint to) const
+    {
+        if (from.Y == to.Y)
+            DrawRow(from.Y, std::min(from.X, to.X + 1), std::max(from.X + 1, to.X));
+        else if (from.X == to.X)
+            DrawColumn(from.X, std::min(from.Y, to.Y + 1), std::max(from.Y + 1, to.Y));
+        else
+            return false;
+        return true;
+    }
+
+    void Fill(const TRect& box) const
+    {
+        const TRect seen = box.Intersected(FClip);
+        for (int y = seen.Top; y < seen.Bottom && seen.Left < seen.Right; ++y)
+            std::fill(Row(y) + seen.Left, Row(y) + seen.Right, FColor);
+    }
+
+private:
+    QRgb* Row(int y) const { return reinterpret_cast<QRgb*>(FBits + (y + FOrigin.Y) * FStride) + FOrigin.X; }
+    void DrawRow(int y, int left, int right) const
+    {
+        left = std::max(left, FClip.Left);
+        right = std::min(right, FClip.Right);
+        if (left < right && y >= FClip.Top && y < FClip.Bottom)
+            std::fill(Row(y) + left, Row(y) + right, FColor);
+    }
+    void DrawColumn(int x, int top, int bottom) const
+    {
+        if (x < FClip.Left || x >= FClip.Right)
+            return;
+        for (int y = std::max(top, FClip.Top); y < std::min(bottom, FClip.Bottom); ++y)
+            Row(y)[x] = FColor;
+    }
+
+    uchar* FBits;
+    qsizetype FStride;
+    QRgb FColor;
+    TPoint FOrigin;
+    TRect FClip;
+};
 
 }  // namespace
 
@@ -32,6 +89,40 @@ TPoint TQtDevice::OriginInImage() const
 {
     const QTransform transform = FPainter.deviceTransform();
     return {static_cast<int>(transform.dx()), static_cast<int>(transform.dy())};
+}
+
+void TQtDevice::Lines(std::span<const TPoint> ends, const TPenState& pen, const TDrawState& state)
+{
+    if (pen.Style == psClear || !Begin(state))
+        return;
+    const bool isPlain = IsThin(pen) && !IsDashed(pen.Style) && state.Mode == dmCopy;
+    QImage* const image = isPlain ? WritableImage() : nullptr;
+    if (!image)
+        return TDrawDevice::Lines(ends, pen, state);
+    const TPixelRuns runs(*image, QtColor(pen.Color).rgb(), OriginInImage(), FState->Clip);
+    for (std::size_t i = 1; i < ends.size(); i += 2) {
+        const TPoint from = ends[i - 1], to = ends[i];
+        // Next to the largest numbers a sum would leave them.
+        if (from != to && (IsFar(from) || IsFar(to) || !runs.Draw(from, to)))
+            Line(from, to, pen, state);
+    }
+}
+
+bool TQtDevice::FillPixels(const TRect& box, TColor border, const TBrushState& brush)
+{
+    QImage* const image = FState->Mode == dmCopy && brush.Style <= bsClear ? WritableImage() : nullptr;
+    if (!image)
+        return false;
+    const TPoint origin = OriginInImage();
+    const TPixelRuns pen(*image, QtColor(border).rgb(), origin, FState->Clip);
+    if (brush.Style == bsSolid && box.Width() > 2 && box.Height() > 2)
+        TPixelRuns(*image, QtColor(brush.Color).rgb(), origin, FState->Clip)
+            .Fill({box.Left + 1, box.Top + 1, box.Right - 1, box.Bottom - 1});
+    pen.Fill({box.Left, box.Top, box.Right, box.Top + 1});
+    pen.Fill({box.Left, box.Bottom - 1, box.Right, box.Bottom});
+    pen.Fill({box.Left, box.Top, box.Left + 1, box.Bottom});
+    pen.Fill({box.Right - 1, box.Top, box.Right, box.Bottom});
+    return true;
 }
 
 void TQtDevice::Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,

@@ -22,6 +22,7 @@ struct TExtent
         const std::array ends{c.From, c.To};
         return Around(ends, c.Pen, c.State);
     }
+    std::optional<TRect> operator()(const TLinesCommand& c) const { return Around(c.Ends, c.Pen, c.State); }
     std::optional<TRect> operator()(const TPolylineCommand& c) const { return Around(c.Points, c.Pen, c.State); }
     std::optional<TRect> operator()(const TPolygonCommand& c) const
     {

@@ -4,6 +4,7 @@
 #include "graph/KxAxis.h"
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
+#include "series/KxZoomedClip.h"
 
 namespace plotkit {
 
@@ -22,23 +23,8 @@ constexpr std::array DataSeriesProperties{
     Sub<&TKxDataSeries::GetPointStyle>("PointStyle"),
 };
 
-/// Lifts the clip of a canvas for its own lifetime.
-class TUnclipped
-{
-public:
-    explicit TUnclipped(TCanvas& canvas) : FCanvas(canvas), FClip(canvas.ClipRect()) { canvas.RemoveClip(); }
-    TUnclipped(const TUnclipped&) = delete;
-    TUnclipped& operator=(const TUnclipped&) = delete;
-    ~TUnclipped() { FCanvas.SetClipRect(FClip); }
-
-private:
-    TCanvas& FCanvas;
-    TRect FClip;
-};
-
 }  // namespace
 
-constinit const TClassInfo TKxNotCalculatedSeries::Class{"TKxNotCalculatedSeries", &TKxSeries::Class};
 constinit const TClassInfo TKxLineSeries::Class{"TKxLineSeries", &TKxNotCalculatedSeries::Class, LineSeriesProperties,
                                                 &CreateComponent<TKxLineSeries>};
 constinit const TClassInfo TKxDataSeries::Class{"TKxDataSeries", &TKxLineSeries::Class, DataSeriesProperties,
@@ -46,15 +32,7 @@ constinit const TClassInfo TKxDataSeries::Class{"TKxDataSeries", &TKxLineSeries:
 
 TKxLineSeries::TKxLineSeries(TComponent* owner) : TKxNotCalculatedSeries(owner)
 {
-    if (!owner)
-        return;
-    // Asking for an axis may create it among the components.
-    for (TComponent* const component : std::vector(owner->Components()))
-        if (auto* const graph = dynamic_cast<TKx2DGraph*>(component)) {
-            SetXAxis(graph->GetPrimaryXAxis());
-            SetYAxis(graph->GetPrimaryYAxis());
-            SetWorld(&graph->World());
-        }
+    AttachToGraphOfOwner();
 }
 
 TKxLineSeries::~TKxLineSeries()
@@ -80,15 +58,20 @@ void TKxDataSeries::DrawPoints()
         const TColor color = graph->GetDataColor();
         canvas.Brush.SetColor(graph->PaintingToMetafile() && color == clButtonFace ? clWhite : color);
     }
+    const TKxZoomedClip clip(canvas, *GetXAxis(), *GetYAxis());
+    DrawMarks(canvas);
+}
+
+void TKxDataSeries::DrawMarks(TCanvas& canvas)
+{
+    DrawSymbols(FPoints.Values(), canvas);
+}
+
+void TKxDataSeries::DrawSymbols(std::span<const TPoint> points, TCanvas& canvas)
+{
     canvas.Pen.Width = FPointStyle.GetWidth();
     canvas.Pen.Color = FPointStyle.GetColor();
-    const auto draw = [&] {
-        DrawPointSymbols(FPoints.Values(), World()->Px(FPointStyle.GetSize()), FPointStyle.GetStyle(), canvas);
-    };
-    if (GetXAxis()->CanZoomBack() && GetYAxis()->CanZoomBack())
-        return draw();
-    const TUnclipped unclipped(canvas);
-    draw();
+    DrawPointSymbols(points, World()->Px(FPointStyle.GetSize()), FPointStyle.GetStyle(), canvas);
 }
 
 void TKxDataSeries::WriteToIni(TKxIniList& list, const std::string& section)

@@ -37,6 +37,11 @@ public:
     void WriteToIni(TKxIniList& list, const std::string& section) override;
     void ReadFromIni(TKxIniList& list, const std::string& section) override;
 
+protected:
+    /// What stands at the points, symbols last; the brush has the colour inside open symbols.
+    virtual void DrawMarks(TCanvas& canvas);
+    void DrawSymbols(std::span<const TPoint> points, TCanvas& canvas);
+
 private:
     TKxPointStyle FPointStyle{this};
 };

@@ -13,6 +13,10 @@ public:
 
     static const TClassInfo Class;
     const TClassInfo& ClassInfo() const override { return Class; }
+
+protected:
+    /// Takes the primary axes of the last graph among the owner's components.
+    void AttachToGraphOfOwner();
 };
 
 }  // namespace plotkit

@@ -110,7 +110,12 @@ protected:
     virtual void CalcXValue(int index);
     virtual void CalcYValue(int index);
     virtual void CalculatePoint(int index);
-    /// Whether the class overrides one of the last three; otherwise all points are made in one go.
+    /// All points, whose count and ranges are known.
+    virtual void CalculateAllPoints();
+    /// Points `first` up to, not including, `end` from the values alone.
+    void MapPoints(int first, int end);
+    /// Whether the class overrides one of `CalcXValue`, `CalcYValue` and `CalculatePoint`; otherwise all points are
+    /// made in one go.
     virtual bool HasOwnPointRule() const { return false; }
 
     void Notification(TComponent* component, TOperation operation) override;
@@ -130,7 +135,6 @@ private:
     void LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis);
     void ValueChanged(bool isX, int index, bool wasDeleted);
     void AddNewPoints(bool isX, int first);
-    void MapPoints(int first, int end);
     bool LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vector, const TKxValueIChangedEvent& event);
     void DataLinked();
     /// False when the points have to wait for the axes to take over new ranges.

@@ -25,12 +25,6 @@ void ForEachRun(std::span<const TPoint> points, TDraw draw)
     }
 }
 
-TColor XorColor(TColor a, TColor b)
-{
-    const auto rgb = [](TColor color) { return ColorToInt(Host().ResolveColor(color)) & 0xFFFFFF; };
-    return IntToColor(rgb(a) ^ rgb(b));
-}
-
 }  // namespace
 
 bool TKxSeries::BringPointsUpToDate()
@@ -73,7 +67,7 @@ void TKxSeries::DrawArea(TCanvas& canvas)
     canvas.Pen.Style = psClear;
     const bool xored = FAreaStyle.GetDrawXOred();
     canvas.Pen.Mode = xored ? dmXor : dmCopy;
-    canvas.Brush.SetColor(xored ? XorColor(FAreaStyle.GetColor(), FBackColor) : FAreaStyle.GetColor());
+    canvas.Brush.SetColor(xored ? XoredColor(FAreaStyle.GetColor(), FBackColor) : FAreaStyle.GetColor());
     canvas.Brush.SetStyle(FAreaStyle.GetStyle());
     const int zero = FY.Axis->RealToIntPosition(0);
     std::vector<TPoint> outline;

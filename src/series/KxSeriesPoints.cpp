@@ -97,6 +97,14 @@ void TKxSeries::CalculatePoint(int index)
         MapPoints(index, index + 1);
 }
 
+void TKxSeries::CalculateAllPoints()
+{
+    if (!HasOwnPointRule())
+        return MapPoints(0, FPointsCount);
+    for (int i = 0; i < FPointsCount; ++i)
+        CalculatePoint(i);
+}
+
 bool TKxSeries::RenewRanges()
 {
     const bool unscanned = FPointsCount > 0 && (FX.IsEmptyRange() || FY.IsEmptyRange());
@@ -142,11 +150,7 @@ void TKxSeries::CalculatePoints()
         if (FChilds.IndexOf(item) >= 0)
             item->Modified();
     }
-    if (HasOwnPointRule())
-        for (int i = 0; i < FPointsCount; ++i)
-            CalculatePoint(i);
-    else
-        MapPoints(0, FPointsCount);
+    CalculateAllPoints();
     if (HasNewScaling(FX) || HasNewScaling(FY))
         FChildsNeedRecalc = true;
     FX.Mapping = FX.Axis->Mapping();

@@ -2,13 +2,17 @@
 
 #include <array>
 
-#include "series/KxDataSeries.h"
+#include "series/KxArrowSeries.h"
+#include "series/KxBarSeries.h"
+#include "series/KxDataWithErrorSeries.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::array<const TClassInfo*, 2> Classes{&TKxLineSeries::Class, &TKxDataSeries::Class};
+constexpr std::array<const TClassInfo*, 5> Classes{&TKxLineSeries::Class, &TKxDataSeries::Class,
+                                                   &TKxDataWithErrorSeries::Class, &TKxBarSeries::Class,
+                                                   &TKxArrowSeries::Class};
 
 }  // namespace
 

@@ -68,6 +68,24 @@ TEST(Options, Databases)
     EXPECT_EQ(Parse({"show", "--db", "postgres:///d?host=/run/pg"}).Database->Host, "/run/pg");
 }
 
+TEST(Options, KindsOfSeries)
+{
+    const auto columns = [](std::vector<const char*> more) {
+        more.insert(more.begin(), {"render", "in.csv", "-o", "a.png"});
+        std::string text;
+        for (const TExtraName& extra : Parse(more).Kind.Columns)
+            text += std::to_string(extra.Ordinate) + std::to_string(extra.Place) + extra.Name + " ";
+        return text;
+    };
+    EXPECT_EQ(columns({"--errors", "u", "--errors", "a,,,b"}), "02u 03u 10a 13b ");
+    EXPECT_EQ(columns({"--arrows", "du,dv"}), "00du 01dv ");
+    const TSeriesKind bars = Parse({"render", "in.csv", "-o", "a.png", "--bars", "Stacked,3D,depth=80"}).Kind;
+    EXPECT_TRUE(bars.HasBars && bars.Stacked && bars.Solid && !bars.Shifted && !bars.Horizontal);
+    EXPECT_EQ(bars.Depth, 80);
+    EXPECT_GT(bars.Gap, 0) << "blocks without a gap would hide each other";
+    EXPECT_EQ(Parse({"render", "in.csv", "-o", "a.png", "--bars", "3d,gap=0"}).Kind.Gap, 0);
+}
+
 struct TBadCase
 {
     std::vector<const char*> Arguments;
@@ -90,6 +108,13 @@ TEST(Options, ErrorsNameTheOption)
         {{"render", "in.csv", "-o", "a.png", "--dpi", "x"}, "--dpi: \"x\" is no resolution"},
         {{"render", "in.csv", "-o", "a.png", "--dpi", "4800"}, "--size and --dpi: a picture of 40000 x 30000"},
         {{"render", "in.csv", "-o", "a.png", "--y-scale", "cubic"}, "--y-scale: \"cubic\" is no scale"},
+        {{"render", "in.csv", "-o", "a.png", "--errors", "a,b"}, "--errors: \"a,b\" names no errors"},
+        {{"render", "in.csv", "-o", "a.png", "--errors", "a", "--no-points"}, "--errors: "},
+        {{"render", "in.csv", "-o", "a.png", "--errors", "a", "--bars", "3d"}, "only one of them"},
+        {{"render", "in.csv", "-o", "a.png", "--bars", "3d,gap=120"}, "--bars: \"gap=120\": gap"},
+        {{"render", "in.csv", "-o", "a.png", "--bars", "stacked,shifted"}, "not both"},
+        {{"render", "in.csv", "-o", "a.png", "--arrows", "a,"}, "--arrows: \"a,\" is no pair"},
+        {{"show", "in.csv", "--follow", "2", "--bars", "plain"}, "--bars: goes not together"},
         {{"render", "in.csv", "-o", "a.png", "--no-points", "--no-line"}, "--no-line: with --no-points"},
         {{"render", "in.csv", "-o", "a.png", "--grid", "--no-grid"}, "--no-grid"},
         {{"show", "in.csv", "--legend", "inside"}, "--legend: \"inside\" is no place"},

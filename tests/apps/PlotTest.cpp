@@ -127,6 +127,45 @@ TEST(Plot, OptionsDecideTheLook)
     EXPECT_EQ(plot.Graph->Bounds(), (TRect{0, 0, 300, 200}));
 }
 
+TColumnChoice ChooseKind(TOptions& options, const std::string& text, const TSeriesKind& kind)
+{
+    options.Kind = kind;
+    std::istringstream stream(text);
+    return ChooseColumns(ReadCsv(stream, "data.csv"), std::nullopt, {"a", "b"}, kind.Columns);
+}
+
+TEST(Plot, KindsOfSeries)
+{
+    TOptions options;
+    const std::string text = "t,a,b,e\n10,1,2,0.5\n20,3,4,0.25\n40,5,6,0.125\n";
+    TSeriesKind bars;
+    bars.HasBars = bars.Shifted = bars.Horizontal = true;
+    const TPlot lying = BuildPlot(ChooseKind(options, text, bars), options);
+    lying.Form->Picture();
+    EXPECT_EQ(lying.Series.at(0)->GetYData(), lying.Series.at(1)->GetYData()) << "they share their categories";
+    const auto edges = lying.Series[0]->GetYData()->Values();
+    EXPECT_EQ(std::vector<double>(edges.begin(), edges.end()), (std::vector<double>{5, 15, 30, 50}));
+    EXPECT_EQ(lying.Graph->GetPrimaryYAxis()->GetCaption(), "t");
+    EXPECT_EQ(lying.Series[1]->PointsCount(), 3);
+
+    TSeriesKind errors;
+    errors.HasErrors = true;
+    errors.Columns = {{"--errors", "e", 1, 2}};
+    const TPlot measured = BuildPlot(ChooseKind(options, text, errors), options);
+    measured.Form->Picture();
+    EXPECT_EQ(measured.Series.at(1)->YRange().GetStop(), 6.125);
+    EXPECT_EQ(measured.Series.at(0)->YRange().GetStop(), 5);
+    errors.Columns[0].Ordinate = 2;
+    EXPECT_THROW(BuildPlot(ChooseKind(options, text, errors), options), EConvertError);
+
+    TSeriesKind arrows;
+    arrows.HasArrows = true;
+    arrows.Columns = {{"--arrows", "e", 0, 0}, {"--arrows", "b", 0, 1}};
+    const TPlot field = BuildPlot(ChooseKind(options, text, arrows), options);
+    field.Form->Picture();
+    EXPECT_EQ(field.Series.at(0)->YRange().GetStop(), 11);
+}
+
 TEST(Plot, LogarithmicAxesShowPositiveValuesAlone)
 {
     TOptions options;

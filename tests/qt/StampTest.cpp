@@ -88,4 +88,25 @@ TEST(Stamp, OfShapesThatDependOnTheirPlaceIsReplayed)
     }
 }
 
+TEST(Lines, DrawWhatEachLineDraws)
+{
+    std::vector<TPoint> ends = RandomPoints(400);
+    for (std::size_t i = 4; i < ends.size(); i += 4)  // along rows and columns
+        ends[i] = i % 8 ? TPoint{ends[i - 1].X, ends[i].Y} : TPoint{ends[i].X, ends[i - 1].Y};
+    ends.insert(ends.end(), {{5, 5}, {5, 5}, {-2000000000, 9}, {2000000000, 9}});
+    for (const TPenState& pen :
+         {TPenState{clBlue, psSolid, 1}, TPenState{clBlue, psDash, 1}, TPenState{clRed, psSolid, 3}}) {
+        TPixelSheet together(100, 100), apart(100, 100);
+        for (TPixelSheet* sheet : {&together, &apart}) {
+            sheet->Painter().translate(12, 7);
+            sheet->Painter().setClipRect(-12, -7, 95, 98);
+        }
+        TQtDevice one(together.Painter()), other(apart.Painter());
+        one.Lines(ends, pen, {dmCopy, {3, 2, 90, 80}});
+        other.TDrawDevice::Lines(ends, pen, {dmCopy, {3, 2, 90, 80}});
+        EXPECT_TRUE(together.Image() == apart.Image());
+        EXPECT_FALSE(together.Marked().empty());
+    }
+}
+
 }  // namespace plotkit

@@ -1,0 +1,17 @@
+// The job of PlotSeries is to make the series of a graph: curves, points with error bars, bars, arrows.
+#pragma once
+
+#include "graph/KxGraph2D.h"
+#include "host/Form.h"
+#include "plotkit/ColourScheme.h"
+#include "plotkit/GraphBuilder.h"
+
+namespace plotkit {
+
+/// A series for each ordinate, with vectors of its own, into `plot`.
+void AddSeries(TPlot& plot, const TColumnChoice& choice, const TOptions& options, const TColourScheme& scheme);
+
+/// A name as a caption that shows it unchanged.
+std::string CaptionOf(const std::string& name);
+
+}  // namespace plotkit
