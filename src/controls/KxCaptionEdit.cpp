@@ -81,8 +81,8 @@ void TKxCaptionEdit::CMTextChanged()
 void TKxCaptionEdit::RebuildText()
 {
     FPendingPosition = -1;
-    FCaption = FModel.Markup();
-    FModel = TKxCaptionText(FCaption);
+    if (FModel.Markup() != FCaption)
+        StoreMarkers();
 }
 
 std::string TKxCaptionEdit::Content() const

@@ -27,7 +27,7 @@ public:
     const TKxCaption& GetCaption() const { return FCaption; }
     /// Stores the markup as it is; only a different one is a change.
     void SetText(const TKxCaption& caption);
-    /// Makes the caption from the characters and their attributes; codes without effect go.
+    /// Makes the caption from the characters and their attributes; codes without effect go, also those at the caret.
     void RebuildText();
 
     /// Toggles one attribute: of the selection, which takes the inverse of its first character's, or of what is typed

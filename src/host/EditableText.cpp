@@ -69,15 +69,14 @@ void TEditableText::SetInsertMode(bool insert)
 
 void TEditableText::Select(int anchor, int caret)
 {
-    const int count = CharCount();
-    anchor = std::clamp(anchor, 0, count);
-    caret = std::clamp(caret, 0, count);
-    if (anchor != FAnchor || caret != FCaret) {
+    const auto clamped = [this](int at) { return std::clamp(at, 0, CharCount()); };
+    if (clamped(anchor) != FAnchor || clamped(caret) != FCaret) {
         FHistory.Break();
         LeavePlace();
-        FAnchor = anchor;
-        FCaret = caret;
     }
+    // Whoever heard of the leaving may have changed the text.
+    FAnchor = clamped(anchor);
+    FCaret = clamped(caret);
     DoCaret();
 }
 
