@@ -94,6 +94,7 @@ public:
     {}
 
     TColumnChoice Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys);
+    TChosenColumn ChooseNumbers(std::string_view name, std::string_view option);
 
 private:
     using TIndex = std::size_t;
@@ -196,12 +197,17 @@ TChosenColumn TChooser::Take(TIndex i)
     return Chosen(column);
 }
 
+TChosenColumn TChooser::ChooseNumbers(std::string_view name, std::string_view option)
+{
+    const TCsvColumn& column = FTable.Columns[FindOne(name, option)];
+    if (column.Type != ctNumber)
+        FailWithoutNumbers(column, option);
+    return Take(column.Number - 1);
+}
+
 void TChooser::TakeOrdinate(std::string_view name, TColumnChoice& choice)
 {
-    const TCsvColumn& column = FTable.Columns[FindOne(name, "--y")];
-    if (column.Type != ctNumber)
-        FailWithoutNumbers(column, "--y");
-    choice.Ys.push_back(Take(column.Number - 1));
+    choice.Ys.push_back(ChooseNumbers(name, "--y"));
 }
 
 void TChooser::TakeNamedOrdinates(const std::vector<std::string>& ys, TColumnChoice& choice)
@@ -293,6 +299,11 @@ TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::str
                             const std::vector<std::string>& ys)
 {
     return TChooser(table).Choose(x, ys);
+}
+
+TChosenColumn ChooseColumn(const TCsvTable& table, const std::string& name, const std::string& option)
+{
+    return TChooser(table).ChooseNumbers(name, option);
 }
 
 std::string DescribeChoice(const TColumnChoice& choice)

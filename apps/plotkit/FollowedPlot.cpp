@@ -17,6 +17,8 @@ std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
     std::vector<TFollowedColumn> columns{{choice.X.Name, choice.X.Sources}};
     for (const TChosenColumn& column : choice.Ys)
         columns.push_back({column.Name, column.Sources});
+    if (choice.Weights)
+        columns.push_back({choice.Weights->Name, choice.Weights->Sources});
     return columns;
 }
 
@@ -39,6 +41,7 @@ TFollowedPlot::TFollowedPlot(const TPlot& plot, const TCsvTable& table, const TC
     : FFollower(table, FollowedColumns(choice), options.Reading),
       FGraph(plot.Graph),
       FSeries(plot.Series),
+      FWeights(plot.Weights),
       FIsXPositive(NeedsPositive(options.XScale)),
       FIsYPositive(NeedsPositive(options.YScale)),
       FInterval(static_cast<int>(std::lround(options.Follow.value_or(1) * 1000)))
@@ -53,7 +56,7 @@ void TFollowedPlot::Poll()
 {
     TFollowedRows rows = FFollower.Poll();
     if (rows.RowCount > 0) {
-        for (std::size_t i = 0; i < rows.Values.size(); ++i)
+        for (std::size_t i = 0; i <= FSeries.size(); ++i)
             if (i == 0 ? FIsXPositive : FIsYPositive)
                 KeepPositive(rows.Values[i]);
         const TKeptView view(*FGraph);
@@ -61,6 +64,8 @@ void TFollowedPlot::Poll()
             Put(FSeries[i]->GetXData(), rows.Values[0], rows.IsRestart);
             Put(FSeries[i]->GetYData(), rows.Values[i + 1], rows.IsRestart);
         }
+        if (FWeights)
+            Put(FWeights, rows.Values.back(), rows.IsRestart);
         if (!rows.IsRestart)
             view.GiveTo(*FGraph);
     }

@@ -36,6 +36,7 @@ private:
     TFileFollower FFollower;
     TKx2DGraph* FGraph;
     std::vector<TKxDataSeries*> FSeries;
+    TKxRealVector* FWeights;
     bool FIsXPositive, FIsYPositive;
     int FInterval;
     std::unique_ptr<TTimer> FTimer;

@@ -228,6 +228,8 @@ void TMainWindow::ReportNotes()
     FMessages->Clear();
     for (const std::string& note : FDocument->Notes())
         Report(note);
+    for (const std::string& failure : FDocument->Plot().News->Failures())
+        Report(failure);
 }
 
 void TMainWindow::LeaveView()
