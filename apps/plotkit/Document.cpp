@@ -178,6 +178,14 @@ std::vector<int> TDocument::YColumns() const
     return numbers;
 }
 
+std::vector<std::string> TDocument::YNames() const
+{
+    std::vector<std::string> names;
+    for (const TChosenColumn& column : FChoice.Ys)
+        names.push_back(column.Name);
+    return names;
+}
+
 void TDocument::Choose(int x, const std::vector<int>& ys)
 {
     TOptions options = FOptions;
@@ -234,6 +242,11 @@ void TDocument::SetFits(const TFitOptions& fits)
     FOptions.Fit = FPlot.Fit;
     FPlot.Form->Picture();
     PlaceLabels(FPlot);
+}
+
+void TDocument::KeepLabelsInside()
+{
+    plotkit::KeepLabelsInside(FPlot);
 }
 
 void TDocument::UseLook(const std::string& fileName)

@@ -33,6 +33,7 @@ public:
     /// Numbers from 0; -1 where not one single column is the abscissa.
     int XColumn() const;
     std::vector<int> YColumns() const;
+    std::vector<std::string> YNames() const;
 
     // Each makes a new graph in the place of the present one.
     /// An `x` of -1 leaves the choice to the program.
@@ -43,6 +44,8 @@ public:
 
     /// In the present graph; the fits' own settings, and those of all. Errors as those of SetFits.
     void SetFits(const TFitOptions& fits);
+    /// After the graph, or its axes, got another size.
+    void KeepLabelsInside();
 
     /// With the look that a file keeps and, where it has some, its fits, also for graphs to come; looks are kept in the
     /// colours for light desktops. The notes say what could not be used.

@@ -193,8 +193,11 @@ void TakeLook(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
 void AddFits(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
 {
     TOptions wanted = options;
-    if (options.Fit.Fits.empty() && options.Fit.TakeFromLook)
+    if (options.Fit.Fits.empty() && options.Fit.TakeFromLook) {
         wanted.Fit.Fits = plot.Fit.Fits;
+        if (choice.Weights && options.Fit.Weights.empty())
+            wanted.Fit.Weights = plot.Fit.Weights;
+    }
     SetFits(plot, choice, wanted);
 }
 

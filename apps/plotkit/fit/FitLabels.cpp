@@ -56,6 +56,11 @@ std::vector<TFitLabel*> LabelsOf(TPlot& plot)
     return labels;
 }
 
+TRect United(const TRect& a, const TRect& b)
+{
+    return {std::min(a.Left, b.Left), std::min(a.Top, b.Top), std::max(a.Right, b.Right), std::max(a.Bottom, b.Bottom)};
+}
+
 /// Of all curves inside a box of the graph.
 int PointsInside(const TPlot& plot, const TRect& box)
 {
@@ -163,6 +168,24 @@ void PlaceLabels(TPlot& plot)
         label->Value->SetVisible(true);
         label->IsPlaced = true;
     }
+}
+
+void KeepLabelsInside(TPlot& plot)
+{
+    const TRect area = plot.Graph->World().DataRect();
+    const int margin = plot.Graph->Px(Margin);
+    std::optional<TRect> all;
+    for (const TFitLabel* label : LabelsOf(plot))
+        for (const TControl* part : {static_cast<TControl*>(label->Name), static_cast<TControl*>(label->Value)})
+            all = all ? United(*all, part->Bounds()) : part->Bounds();
+    if (!all || area.Intersected(*all) == *all)
+        return;
+    // Where there is too little room the upper left is in view.
+    const int x = std::max(std::min(all->Left, area.Right - margin - all->Width()), area.Left + margin) - all->Left;
+    const int y = std::max(std::min(all->Top, area.Bottom - margin - all->Height()), area.Top + margin) - all->Top;
+    for (TFitLabel* label : LabelsOf(plot))
+        for (TControl* part : {static_cast<TControl*>(label->Name), static_cast<TControl*>(label->Value)})
+            part->SetBounds(part->GetLeft() + x, part->GetTop() + y, part->GetWidth(), part->GetHeight());
 }
 
 }  // namespace plotkit

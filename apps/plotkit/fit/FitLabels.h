@@ -13,6 +13,8 @@ void NameLabels(TPlot& plot);
 /// Stacks the labels, when they became other ones, where they stood, at first in a corner of the plotting area: the
 /// upper left unless curves pass there. The plot has been painted.
 void PlaceLabels(TPlot& plot);
+/// Moves them back where the plotting area became another one.
+void KeepLabelsInside(TPlot& plot);
 void DeleteLabels(TPlot& plot, TPlottedFit& fit);
 
 }  // namespace plotkit

@@ -67,6 +67,13 @@ std::optional<double> ExactExtremum(TKxCalculatedSeries& curve, const std::strin
 /// Published texts have 14 digits; what people take further has all of them.
 std::optional<double> ExactValue(TKxCalculatedSeries& curve, const std::string& name)
 {
+    const std::pair<const char*, double> bounds[] = {{"CalcStart", curve.GetCalculationStart()},
+                                                     {"CalcStop", curve.GetCalculationStop()},
+                                                     {"DisplayStart", curve.GetDisplayStart()},
+                                                     {"DisplayStop", curve.GetDisplayStop()}};
+    for (const auto& [key, value] : bounds)
+        if (name == key)
+            return value;
     if (const std::size_t number = NumberIn(name, "Coeff"))
         return ExactCoefficient(curve, number);
     if (const auto* line = dynamic_cast<TKxLinearRegressionLine*>(&curve)) {
@@ -199,6 +206,25 @@ std::string FindResult(TKxCalculatedSeries& curve, const TFitWish& wish, const s
         if (const std::size_t number = NumberIn(result.Name, "CoeffName"); number && SameText(result.Text, name))
             return "Coeff(" + std::to_string(number) + ")";
     return {};
+}
+
+std::vector<std::string> ResultsForLabels(TKxCalculatedSeries& curve)
+{
+    constexpr std::size_t mostExtrema = 4;
+    std::vector<std::string> names = ResultNames(curve);
+    std::erase_if(names, [](const std::string& name) {
+        const bool isExtremum = name.starts_with("X-M") || name.starts_with("Y-M");
+        const std::size_t number = isExtremum ? NumberIn(name, name.substr(0, name.find('('))) : 0;
+        return IsText(name) || name == "DoFixedOffset" || name == "VarianceCoVariance" || number > mostExtrema ||
+               (IsAbscissa(name) && !isExtremum);
+    });
+    return names;
+}
+
+std::string ReadableName(const TFitWish& wish, const std::string& result)
+{
+    const std::string name = GetStrippedString(ResultMarkup(wish, result));
+    return NumberIn(result, "Coeff") ? result + "  " + name : result;
 }
 
 std::string ResultMarkup(const TFitWish& wish, const std::string& result)
