@@ -95,6 +95,7 @@ public:
 
     TColumnChoice Choose(const std::optional<std::string>& x, const std::vector<std::string>& ys,
                          std::span<const TExtraName> extras);
+    TChosenColumn ChooseNumbers(std::string_view name, std::string_view option);
 
 private:
     using TIndex = std::size_t;
@@ -199,20 +200,22 @@ TChosenColumn TChooser::Take(TIndex i)
     return Chosen(column);
 }
 
+TChosenColumn TChooser::ChooseNumbers(std::string_view name, std::string_view option)
+{
+    const TCsvColumn& column = FTable.Columns[FindOne(name, option)];
+    if (column.Type != ctNumber)
+        FailWithoutNumbers(column, option);
+    return Take(column.Number - 1);
+}
+
 void TChooser::TakeOrdinate(std::string_view name, TColumnChoice& choice)
 {
-    const TCsvColumn& column = FTable.Columns[FindOne(name, "--y")];
-    if (column.Type != ctNumber)
-        FailWithoutNumbers(column, "--y");
-    choice.Ys.push_back(Take(column.Number - 1));
+    choice.Ys.push_back(ChooseNumbers(name, "--y"));
 }
 
 void TChooser::TakeExtra(const TExtraName& extra, TColumnChoice& choice)
 {
-    const TCsvColumn& column = FTable.Columns[FindOne(extra.Name, extra.Option)];
-    if (column.Type != ctNumber)
-        FailWithoutNumbers(column, extra.Option);
-    choice.Extras.push_back({extra.Ordinate, extra.Place, Take(column.Number - 1)});
+    choice.Extras.push_back({extra.Ordinate, extra.Place, ChooseNumbers(extra.Name, extra.Option)});
 }
 
 void TChooser::TakeNamedOrdinates(const std::vector<std::string>& ys, TColumnChoice& choice)
@@ -307,6 +310,11 @@ TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::str
                             const std::vector<std::string>& ys, std::span<const TExtraName> extras)
 {
     return TChooser(table).Choose(x, ys, extras);
+}
+
+TChosenColumn ChooseColumn(const TCsvTable& table, const std::string& name, const std::string& option)
+{
+    return TChooser(table).ChooseNumbers(name, option);
 }
 
 std::string DescribeChoice(const TColumnChoice& choice)

@@ -45,6 +45,7 @@ struct TColumnChoice
     TChosenColumn X;
     std::vector<TChosenColumn> Ys;  ///< at least one
     std::vector<TExtraColumn> Extras;
+    std::optional<TChosenColumn> Weights;
 };
 
 /// `x` and `ys`: what the user named; `ys` texts may name several columns, separated by commas. A column is named by
@@ -57,6 +58,9 @@ struct TColumnChoice
 /// listed), a column that holds no numbers or numbers with thousands marks, no number column at all.
 TColumnChoice ChooseColumns(const TCsvTable& table, const std::optional<std::string>& x,
                             const std::vector<std::string>& ys, std::span<const TExtraName> extras = {});
+
+/// A column of numbers for another purpose, named as in `ChooseColumns`. EConvertError with file and `option`.
+TChosenColumn ChooseColumn(const TCsvTable& table, const std::string& name, const std::string& option);
 
 /// "X: year_month (date), Y: co2_ppm (820 values, 3 missing)".
 std::string DescribeChoice(const TColumnChoice& choice);

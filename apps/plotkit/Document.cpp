@@ -5,10 +5,14 @@
 
 #include "foundation/KxLargeIni.h"
 #include "graph/KxAxis.h"
+#include "host/Errors.h"
 #include "plotkit/ColourScheme.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/LookFile.h"
 #include "plotkit/TableNotes.h"
+#include "plotkit/fit/FitBuilder.h"
+#include "plotkit/fit/FitLabels.h"
+#include "plotkit/fit/FitWishes.h"
 
 namespace plotkit {
 namespace {
@@ -25,6 +29,24 @@ TOptions WithScalesOf(const TPlot& plot, TOptions options)
     return options;
 }
 
+/// Weights that a look names are those of other data where there is no such column.
+std::optional<TChosenColumn> ChooseWeights(const TCsvTable& table, const TOptions& options,
+                                           std::vector<std::string>& notes)
+{
+    if (!options.Fit.Weights.empty())
+        return ChooseColumn(table, options.Fit.Weights, "--weights");
+    if (options.LookFile.empty() || !options.Fit.Fits.empty())
+        return std::nullopt;
+    std::vector<std::string> unread;
+    const std::string weights = LoadFits(options.LookFile, unread).Weights;
+    try {
+        return weights.empty() ? std::nullopt : std::optional(ChooseColumn(table, weights, "weights of the look"));
+    } catch (const EConvertError& error) {
+        notes.push_back(error.Message());
+        return std::nullopt;
+    }
+}
+
 /// What the columns alone ask for.
 TOptions Undressed(TOptions options)
 {
@@ -34,6 +56,7 @@ TOptions Undressed(TOptions options)
     options.YCaption.reset();
     options.XScale = options.YScale = scAuto;
     options.Follow.reset();
+    options.Fit.Results.clear();
     return options;
 }
 
@@ -75,7 +98,10 @@ std::string TDocument::Description() const
 void TDocument::Build(const TOptions& options)
 {
     TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys, options.Kind.Columns);
-    std::vector<std::string> notes = DescribeDoubts(FTable, choice);
+    std::vector<std::string> notes;
+    choice.Weights = ChooseWeights(FTable, options, notes);
+    for (std::string& doubt : DescribeDoubts(FTable, choice))
+        notes.push_back(std::move(doubt));
     const TOptions scaled = options.LookFile.empty() ? options : WithScalesOf(BuildPlot(choice, options), options);
     for (std::string& note : FitToLogScales(choice, scaled))
         notes.push_back(std::move(note));
@@ -84,9 +110,19 @@ void TDocument::Build(const TOptions& options)
     notes.insert(notes.end(), plot.Notes.begin(), plot.Notes.end());
     FOptions = options;
     FChoice = std::move(choice);
-    FPlot = std::move(plot);
     FNotes = std::move(notes);
+    Take(std::move(plot));
     StartFollowing();
+}
+
+void TDocument::Take(TPlot plot)
+{
+    FPlot = std::move(plot);
+    FOptions.Fit = FPlot.Fit;
+    FPlot.News->OnFailure = [this](const std::string& message) {
+        if (OnNote)
+            OnNote(message);
+    };
 }
 
 void TDocument::StartFollowing()
@@ -143,6 +179,14 @@ std::vector<int> TDocument::YColumns() const
     return numbers;
 }
 
+std::vector<std::string> TDocument::YNames() const
+{
+    std::vector<std::string> names;
+    for (const TChosenColumn& column : FChoice.Ys)
+        names.push_back(column.Name);
+    return names;
+}
+
 void TDocument::Choose(int x, const std::vector<int>& ys)
 {
     TOptions options = FOptions;
@@ -150,6 +194,8 @@ void TDocument::Choose(int x, const std::vector<int>& ys)
     options.Ys.clear();
     for (const int y : ys)
         options.Ys.push_back(std::to_string(y + 1));
+    const TColumnChoice choice = ChooseColumns(FTable, options.X, options.Ys);
+    std::erase_if(options.Fit.Fits, [&](const TFitWish& wish) { return !HasOrdinates(wish, choice); });
     // They named other columns.
     options.XCaption.reset();
     options.YCaption.reset();
@@ -172,7 +218,10 @@ void TDocument::SetScheme(TSchemeChoice scheme)
     options.Scheme = scheme;
     TKxIniList look;
     FPlot.Graph->SaveOutfit("Graph", look);
-    TPlot plot = BuildPlot(FChoice, options);
+    TOptions undressed = options;
+    undressed.LookFile.clear();
+    TPlot plot = BuildPlot(FChoice, undressed);
+    plot.DateName = FPlot.DateName;
     plot.Graph->LoadOutfit("Graph", look);
     if (scheme == ccDark)
         Recolour(*plot.Form, LightScheme(), DarkScheme());
@@ -180,15 +229,34 @@ void TDocument::SetScheme(TSchemeChoice scheme)
         Recolour(*plot.Form, DarkScheme(), LightScheme());
     FFollowed.reset();
     FOptions = options;
-    FPlot = std::move(plot);
+    Take(std::move(plot));
     // What the file got since it was read comes with the first look at it.
     StartFollowing();
+}
+
+void TDocument::SetFits(const TFitOptions& fits)
+{
+    TOptions options = FOptions;
+    options.Fit = fits;
+    options.Fit.TakeFromLook = false;
+    plotkit::SetFits(FPlot, FChoice, options);
+    FOptions.Fit = FPlot.Fit;
+    FPlot.Form->Picture();
+    PlaceLabels(FPlot);
+}
+
+void TDocument::KeepLabelsInside()
+{
+    plotkit::KeepLabelsInside(FPlot);
 }
 
 void TDocument::UseLook(const std::string& fileName)
 {
     TOptions options = FOptions;
     options.LookFile = fileName;
+    std::vector<std::string> unread;
+    if (!LoadFits(fileName, unread).Fits.empty())
+        options.Fit = {};
     Build(options);
 }
 
@@ -199,7 +267,7 @@ void TDocument::SaveLookAs(const std::string& fileName)
     if (FPlot.DateName)
         plain.Graph->GetPrimaryXAxis()->SetUserCaption(FPlot.Graph->GetPrimaryXAxis()->GetUserCaption());
     const TLightColours light(*FPlot.Form, FOptions.Scheme == ccDark);
-    SaveLook(*FPlot.Graph, *plain.Graph, fileName);
+    SaveLook(*FPlot.Graph, *plain.Graph, FPlot.Fit, fileName);
 }
 
 }  // namespace plotkit

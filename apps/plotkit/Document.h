@@ -34,6 +34,7 @@ public:
     /// Numbers from 0; -1 where not one single column is the abscissa.
     int XColumn() const;
     std::vector<int> YColumns() const;
+    std::vector<std::string> YNames() const;
 
     // Each makes a new graph in the place of the present one.
     /// An `x` of -1 leaves the choice to the program.
@@ -42,19 +43,26 @@ public:
     /// In the colours for a light or a dark desktop, with the look and the view that the graph has now.
     void SetScheme(TSchemeChoice scheme);
 
-    /// With the look that a file keeps, also for graphs to come; looks are kept in the colours for light desktops. The
-    /// notes say what could not be used.
+    /// In the present graph; the fits' own settings, and those of all. Errors as those of SetFits.
+    void SetFits(const TFitOptions& fits);
+    /// After the graph, or its axes, got another size.
+    void KeepLabelsInside();
+
+    /// With the look that a file keeps and, where it has some, its fits, also for graphs to come; looks are kept in the
+    /// colours for light desktops. The notes say what could not be used.
     void UseLook(const std::string& fileName);
 
     /// Captions and scales that are there because of the data are no look.
     void SaveLookAs(const std::string& fileName);
 
-    /// Of a file that is followed as the options say: something in it could not be read; the graph has grown.
+    /// Of a file that is followed as the options say: something in it could not be read; the graph has grown. Also told
+    /// of fits that fail from now on, perhaps while the graph is painted.
     std::function<void(const std::string&)> OnNote;
     std::function<void()> OnGrown;
 
 private:
     void Build(const TOptions& options);
+    void Take(TPlot plot);
     void StartFollowing();
     void Count(const TFollowedRows& rows);
 

@@ -33,6 +33,8 @@ std::vector<TFollowedColumn> FollowedColumns(const TColumnChoice& choice)
         columns.push_back({column.Name, column.Sources});
     for (const TExtraColumn& extra : choice.Extras)
         columns.push_back({extra.Column.Name, extra.Column.Sources});
+    if (choice.Weights)
+        columns.push_back({choice.Weights->Name, choice.Weights->Sources});
     return columns;
 }
 
@@ -42,6 +44,7 @@ TFollowedPlot::TFollowedPlot(const TPlot& plot, std::unique_ptr<TRowFollower> fo
       FGraph(plot.Graph),
       FSeries(plot.Series),
       FExtras(plot.Extras),
+      FWeights(plot.Weights),
       FIsXPositive(NeedsPositive(options.XScale)),
       FIsYPositive(NeedsPositive(options.YScale)),
       FInterval(static_cast<int>(std::lround(options.Follow.value_or(1) * 1000)))
@@ -68,6 +71,8 @@ void TFollowedPlot::Poll()
         }
         for (std::size_t i = 0; i < FExtras.size(); ++i)
             Put(FExtras[i], rows.Values[FSeries.size() + 1 + i], rows.IsRestart);
+        if (FWeights)
+            Put(FWeights, rows.Values.back(), rows.IsRestart);
         // The axes look at values that were replaced when they are painted, and then show all of them.
         if (rows.IsRestart && rows.IsSameTable && view.IsZoomed())
             FForm->Picture();

@@ -41,6 +41,7 @@ private:
     TKx2DGraph* FGraph;
     std::vector<TKxNotCalculatedSeries*> FSeries;
     std::vector<TKxCustomRealVector*> FExtras;
+    TKxRealVector* FWeights;
     bool FIsXPositive, FIsYPositive;
     int FInterval;
     std::unique_ptr<TTimer> FTimer;

@@ -5,10 +5,15 @@
 #include "graph/KxAxis.h"
 #include "graph/KxLabel.h"
 #include "graph/KxLegend.h"
-#include "plotkit/ColourScheme.h"
+#include "graph/KxResultLabel.h"
+#include "host/Errors.h"
 #include "plotkit/DateCaption.h"
 #include "plotkit/LookFile.h"
+#include "plotkit/PlotParts.h"
 #include "plotkit/PlotSeries.h"
+#include "plotkit/fit/FitBuilder.h"
+#include "plotkit/fit/FitLabels.h"
+#include "plotkit/fit/FitWishes.h"
 #include "series/KxBarSeries.h"
 
 namespace plotkit {
@@ -16,17 +21,6 @@ namespace {
 
 constexpr int Margin = 8;
 constexpr std::size_t MostNamesInCaption = 3;
-constexpr std::size_t MostNamesAbove = 6;
-constexpr int CornerGap = 40;
-
-void SetFont(TFont& font, int size, TColor ink)
-{
-    TFontState state = font.State();
-    state.Name = "Arial";
-    state.Size = size;
-    state.Color = ink;
-    font.SetState(state);
-}
 
 void SetGrid(TKxLineStyle& line, bool visible, TColor color)
 {
@@ -51,25 +45,6 @@ TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
             break;
     }
     return isDateTime ? AxDateTime : AxNormal;
-}
-
-void SetCaption(TKxAxis& axis, const std::string& caption)
-{
-    axis.SetDoUserCaption(true);
-    axis.SetUserCaption(caption);
-    axis.SetShowCaption(!caption.empty());
-}
-
-void SetLook(TKxAxis& axis, const std::string& caption, TColor ink)
-{
-    SetFont(axis.GetFont(), 10, ink);
-    SetFont(axis.GetCaptionFont(), 11, ink);
-    axis.SetAxisColor(ink);
-    axis.SetTickColor(ink);
-    axis.SetMajorTickColor(ink);
-    axis.SetScalingsTicksGap(3);
-    axis.SetCaptionScalingsGap(4);
-    SetCaption(axis, caption);
 }
 
 bool HasLegend(const TColumnChoice& choice, const TOptions& options)
@@ -105,49 +80,6 @@ void SetLook(TKx2DGraph& graph, const TOptions& options, const TColourScheme& sc
         graph.SetCaption(*options.Title);
         graph.SetShowTitle(true);
     }
-}
-
-TKxAxisPos PositionOf(TLegendChoice choice, std::size_t count)
-{
-    switch (choice) {
-        case lcTop:
-            return AxTopPos;
-        case lcBottom:
-            return AxBottomPos;
-        case lcLeft:
-            return AxLeftPos;
-        case lcRight:
-            return AxRightPos;
-        case lcFree:
-            return AxFreeFloating;
-        case lcAuto:
-        case lcNone:
-            break;
-    }
-    return count <= MostNamesAbove ? AxTopPos : AxRightPos;
-}
-
-void PlaceLegend(TKxLegend& legend, const TKx2DGraph& graph, std::size_t count, TLegendChoice choice)
-{
-    legend.SetInGraphPosition(PositionOf(choice, count));
-    legend.GetFrameLine().SetVisible(choice == lcFree);
-    if (choice != lcFree)
-        return;
-    // The corner that the axes leave free, clear of the labels that overhang there.
-    legend.FitToGraph();
-    const int title = graph.GetShowTitle() ? graph.TitleLabel().GetHeight() : 0;
-    legend.SetLeft(graph.GetWidth() - legend.GetWidth() - CornerGap);
-    legend.SetTop(title + CornerGap);
-}
-
-void AddLegend(TForm& form, TKx2DGraph& graph, std::size_t count, TLegendChoice choice, const TColourScheme& scheme)
-{
-    auto* legend = new TKxLegend(&form);
-    legend->SetName("Legend");
-    SetFont(legend->GetFont(), 10, scheme.Ink);
-    legend->GetFrameLine().SetColor(scheme.MajorGrid);
-    legend->SetParent(&graph);
-    PlaceLegend(*legend, graph, count, choice);
 }
 
 /// Between a curve and the zero that a logarithmic axis does not have there is no area.
@@ -189,12 +121,62 @@ void KeepWishes(const TPlot& plot, const TOptions& options)
                 PlaceLegend(*legend, *plot.Graph, plot.Series.size(), options.Legend);
 }
 
+void AddWeights(TPlot& plot, const TArray<double>& values, const TOptions& options)
+{
+    plot.Weights = NewVector(*plot.Form, values, options);
+    for (TKxNotCalculatedSeries* series : plot.Series)
+        series->SetWeight(plot.Weights);
+}
+
+/// The fits that a look keeps, as far as these data can have them.
+TFitOptions FitsOfLook(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
+{
+    const std::string& lookFile = options.LookFile;
+    TFitOptions fits = LoadFits(lookFile, plot.Notes);
+    std::erase_if(fits.Fits, [&](const TFitWish& wish) {
+        try {
+            CheckKind(options.Kind);
+            CheckFit(wish, choice);
+            return false;
+        } catch (const EConvertError& error) {
+            plot.Notes.push_back(lookFile + ": " + FitText(wish) + " is left out: " + error.Message());
+            return true;
+        }
+    });
+    return fits;
+}
+
+void TakeLook(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
+{
+    TOptions ofLook = options;
+    ofLook.Fit = FitsOfLook(plot, choice, options);
+    SetFits(plot, choice, ofLook);
+    for (std::string& problem : DressPlot(plot, options, options.LookFile))
+        plot.Notes.push_back(std::move(problem));
+    RestoreFits(plot);
+    for (TPlottedFit& fit : plot.Fits)
+        for (TFitLabel& label : fit.Labels)
+            label.IsPlaced = label.Name->GetVisible();
+}
+
+void AddFits(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
+{
+    TOptions wanted = options;
+    if (options.Fit.Fits.empty() && options.Fit.TakeFromLook) {
+        wanted.Fit.Fits = plot.Fit.Fits;
+        if (choice.Weights && options.Fit.Weights.empty())
+            wanted.Fit.Weights = plot.Fit.Weights;
+    }
+    SetFits(plot, choice, wanted);
+}
+
 }  // namespace
 
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
 {
-    const TColourScheme& scheme = options.Scheme == ccDark ? DarkScheme() : LightScheme();
+    const TColourScheme& scheme = SchemeOf(options);
     TPlot plot;
+    plot.News = std::make_shared<TFitNews>();
     plot.Form = std::make_unique<TForm>(nullptr);
     TForm& form = *plot.Form;
     form.SetName("PlotForm");
@@ -216,15 +198,21 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
     x.SetScaling(ScalingOf(options.XScale, choice.X.IsDateTime && !options.Kind.Horizontal));
     y.SetScaling(ScalingOf(options.YScale, choice.X.IsDateTime && options.Kind.Horizontal));
     AddSeries(plot, choice, options, scheme);
-    if (HasLegend(choice, options))
-        AddLegend(form, *plot.Graph, choice.Ys.size(), options.Legend, scheme);
+    if (choice.Weights)
+        AddWeights(plot, choice.Weights->Values, options);
+    KeepLegend(form, *plot.Graph, choice.Ys.size(), options);
     if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay && !options.Kind.Horizontal)
         plot.DateName = x.GetUserCaption();
     if (!options.LookFile.empty())
-        plot.Notes = DressPlot(plot, options, options.LookFile);
+        TakeLook(plot, choice, options);
+    AddFits(plot, choice, options);
     LeaveOutAreas(plot);
     if (plot.DateName)
         RefreshDateCaption(*plot.Graph, *plot.DateName);
+    if (!plot.Fits.empty()) {
+        plot.Form->Picture();
+        PlaceLabels(plot);
+    }
     return plot;
 }
 

@@ -10,11 +10,13 @@
 #include "host/Form.h"
 #include "plotkit/ColumnChoice.h"
 #include "plotkit/Options.h"
+#include "plotkit/fit/PlottedFit.h"
 
 namespace plotkit {
 
 class TKxCustomRealVector;
 class TKxNotCalculatedSeries;
+class TKxRealVector;
 
 struct TPlot
 {
@@ -22,6 +24,10 @@ struct TPlot
     TKx2DGraph* Graph = nullptr;                  ///< owned by the form
     std::vector<TKxNotCalculatedSeries*> Series;  ///< one per ordinate, owned by the form
     std::vector<TKxCustomRealVector*> Extras;     ///< one per extra column, owned by the form
+    TKxRealVector* Weights = nullptr;             ///< of the points of all series; owned by the form
+    TFitOptions Fit;                              ///< the fits that are there
+    std::vector<TPlottedFit> Fits;                ///< in the order of the options, one per ordinate that a fit is for
+    std::shared_ptr<TFitNews> News;
     /// What the caption of a date axis starts with, when the program makes it.
     std::optional<std::string> DateName;
     std::vector<std::string> Notes;  ///< what of the options could not be used
@@ -29,7 +35,8 @@ struct TPlot
 
 /// A form of the options' size, filled by one graph with a series per ordinate. The vectors of the series are
 /// their own; their arrays are those of the columns, not copied; vectors of a file that is followed tell of their
-/// changes. EConvertError naming the option: a logarithmic scale where no value is positive; errors of LoadLook.
+/// changes. With fits it has been painted once, and has those that the look keeps where the options name none.
+/// EConvertError naming the option: a logarithmic scale where no value is positive; errors of LoadLook and SetFits.
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);
 
 /// Gives the plot the look that a file keeps; what the options say goes before. Returns

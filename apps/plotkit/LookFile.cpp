@@ -35,27 +35,36 @@ void EraseWhatIsPlain(TKxIniList& look, TKx2DGraph& plain)
 {
     TKxIniList own;
     plain.SaveOutfit(Section, own);
-    for (const char* axis : {"Graph.XAxis1", "Graph.YAxis1"})
-        for (const char* ident : {"UserCaption", "ShowCaption", "Scaling"})
-            if (look.ReadString(axis, ident, {}) == own.ReadString(axis, ident, {}))
-                EraseEntry(look, axis, ident);
+    TStringList sections;
+    own.ReadSections(sections);
+    for (const std::string& axis : sections.Lines())
+        if (axis.find("Axis") != std::string::npos)
+            for (const char* ident : {"UserCaption", "ShowCaption", "Scaling"})
+                if (look.ReadString(axis, ident, {}) == own.ReadString(axis, ident, {}))
+                    EraseEntry(look, axis, ident);
+}
+
+void CheckLook(const std::string& fileName)
+{
+    std::error_code error;
+    if (!std::filesystem::is_regular_file(fileName, error))
+        throw EFileError("Cannot read \"" + fileName + "\": there is no such file");
 }
 
 }  // namespace
 
-void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const std::string& fileName)
+void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const TFitOptions& fits, const std::string& fileName)
 {
     TKxLargeIniFile file(fileName);
     graph.SaveOutfit(Section, file);
     EraseWhatIsPlain(file, plain);
+    WriteFits(file, fits);
     file.Save();
 }
 
 std::vector<std::string> LoadLook(TKx2DGraph& graph, const std::string& fileName)
 {
-    std::error_code error;
-    if (!std::filesystem::is_regular_file(fileName, error))
-        throw EFileError("Cannot read \"" + fileName + "\": there is no such file");
+    CheckLook(fileName);
     TKxLargeIniFile file(fileName);
     if (!file.SectionExists(Section))
         throw EConvertError(fileName + ": no look of a graph, there is no section [" + Section + "]");
@@ -68,6 +77,17 @@ std::vector<std::string> LoadLook(TKx2DGraph& graph, const std::string& fileName
         lines.push_back(fileName + ": [" + problem.Section + "] " + problem.Ident + ": \"" + problem.Value +
                         "\" cannot be used");
     return lines;
+}
+
+TFitOptions LoadFits(const std::string& fileName, std::vector<std::string>& notes)
+{
+    CheckLook(fileName);
+    const TKxLargeIniFile file(fileName);
+    std::vector<std::string> problems;
+    TFitOptions fits = ReadFits(file, problems);
+    for (const std::string& problem : problems)
+        notes.push_back(fileName + ": " + problem);
+    return fits;
 }
 
 }  // namespace plotkit

@@ -26,6 +26,8 @@ struct TTexts
     std::string X, XScale, YScale, Title, XCaption, YCaption, Size, Dpi, Scheme, Legend;
     std::string Separator, Decimal, Header, Comment, Skip, Dates, Follow;
     TKindTexts Kind;
+    std::vector<std::string> Fits, Labels;
+    std::string StartValues, FitRange;
     bool Points = false, NoPoints = false, NoLine = false, Grid = false, NoGrid = false;
 };
 
@@ -215,10 +217,65 @@ void AddReadingOptions(CLI::App& app, TTexts& texts)
     app.add_option("--dates", texts.Dates, "How 1/2/2012 is read: dmy or mdy")->type_name("ORDER");
 }
 
+void AddFitOptions(CLI::App& app, TOptions& options, TTexts& texts)
+{
+    app.add_option("--fit", texts.Fits,
+                   "Curve through every Y: linear[:OFFSET], poly:ORDER, akima, smooth:RANGE, spline:WEIGHT, "
+                   "derivative, integral or a formula such as \"a*exp(-b*x)+c\"; @COLUMN: through that one; may be "
+                   "repeated")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("CURVE[@COLUMN]");
+    app.add_option("--start", texts.StartValues, "Where fits of formulas start: a=1,b=0.5 (1)")->type_name("VALUES");
+    app.add_option("--range", texts.FitRange, "Abscissae, numbers or dates, between which points are fitted")
+        ->type_name("FROM..TO");
+    app.add_option("--weights", options.Fit.Weights, "Column with the weights of the points")->type_name("COLUMN");
+    app.add_option("--label", texts.Labels, "Results of the fits that the graph shows, such as Slope,R")
+        ->expected(1)
+        ->take_all()
+        ->allow_extra_args(false)
+        ->type_name("NAME[,NAME...]");
+}
+
+void ReadFits(const CLI::App& command, const TTexts& texts, TOptions& options)
+{
+    TFitOptions& fit = options.Fit;
+    const auto guarded = [](const char* option, const auto& read) {
+        try {
+            read();
+        } catch (const EConvertError& error) {
+            Fail(option, error.Message());
+        }
+    };
+    guarded("--fit", [&] {
+        for (const std::string& text : texts.Fits)
+            fit.Fits.push_back(ParseFit(text));
+    });
+    guarded("--start", [&] { fit.Start = ParseStartValues(texts.StartValues); });
+    guarded("--range", [&] {
+        if (command.count("--range"))
+            fit.Range = ParseFitRange(texts.FitRange, options.Reading.DayFirst);
+    });
+    guarded("--label", [&] {
+        for (const std::string& text : texts.Labels)
+            for (std::string& name : ParseResultNames(text))
+                fit.Results.push_back(std::move(name));
+    });
+    if (!fit.Fits.empty() || !options.LookFile.empty())
+        return;
+    for (const char* option : {"--start", "--range", "--weights", "--label"})
+        if (command.count(option))
+            Fail(option, "there is no --fit that it could be for");
+}
+
 /// What is written and how.
 void ReadPicture(const CLI::App& command, TOptions& options)
 {
     const std::string noPixels = "a picture in SVG or PDF has no pixels; leave it out";
+    options.PrintResults = options.PrintResults || options.AsJson;
+    if (options.Output.empty() && options.PrintResults)
+        return;
     if (options.Output.empty())
         Fail("--output", "name the picture to be written, such as -o graph.png");
     const auto format = PictureFormatOf(options.Output);
@@ -266,6 +323,7 @@ void Understand(const CLI::App& command, const TTexts& texts, TOptions& options)
     ReadSize(texts, options);
     ReadReading(command, texts, options.Reading);
     ReadFile(command, texts, options);
+    ReadFits(command, texts, options);
     if (options.Command == pcRender)
         ReadPicture(command, options);
 }
@@ -297,11 +355,12 @@ TOptions ParseOptions(int count, const char* const* arguments)
     CLI::App* show = app.add_subcommand("show", "Show the graph of a file in a window");
     for (CLI::App* command : {render, show})
         AddCommonOptions(*command, options, texts);
-    for (CLI::App* command : {render, show})
-        AddReadingOptions(*command, texts);
     TDatabaseTexts database;
-    for (CLI::App* command : {render, show})
+    for (CLI::App* command : {render, show}) {
+        AddReadingOptions(*command, texts);
         AddDatabaseOptions(*command, database);
+        AddFitOptions(*command, options, texts);
+    }
     show->add_option("--listen", database.Channel, "Read again when PostgreSQL tells of this channel (NOTIFY)")
         ->type_name("CHANNEL");
     show->add_option("--follow", texts.Follow, "Follow a file that grows; looks every SECONDS (1)")
@@ -309,6 +368,8 @@ TOptions ParseOptions(int count, const char* const* arguments)
         ->type_name("[SECONDS]");
     render->add_option("-o,--output", options.Output, "The picture to be written: .png, .svg or .pdf")
         ->type_name("FILE");
+    render->add_flag("--results", options.PrintResults, "Print every result of every fit");
+    render->add_flag("--json", options.AsJson, "Print the results for other programs, with all digits");
     render->add_option("--dpi", texts.Dpi, "Pixels per inch of a PNG (96)")->type_name("NUMBER");
     render->add_flag("--antialias", options.Antialias, "Smooth the edges of a PNG");
     render->add_flag("--light", options.Light, "Colours for white paper where the ground is dark");

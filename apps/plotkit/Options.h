@@ -5,8 +5,9 @@
 #include <string>
 #include <vector>
 
-#include "plotkit/db/DatabaseWish.h"
 #include "plotkit/SeriesKind.h"
+#include "plotkit/db/DatabaseWish.h"
+#include "plotkit/fit/FitOptions.h"
 #include "plotkit/table/TableDialect.h"
 
 namespace plotkit {
@@ -87,6 +88,9 @@ struct TOptions
     TDialectWish Reading;
     /// Seconds between two looks at a file that grows, of `show`.
     std::optional<double> Follow;
+    TFitOptions Fit;
+    bool PrintResults = false;  ///< of `render`, like the next; a picture is then not needed
+    bool AsJson = false;
 };
 
 /// By the end of the name; nothing for another one.

@@ -3,9 +3,9 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/KxVector.h"
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
+#include "plotkit/PlotParts.h"
 #include "series/KxArrowSeries.h"
 #include "series/KxBarSeries.h"
 #include "series/KxDataWithErrorSeries.h"
@@ -15,13 +15,6 @@ namespace {
 
 /// The top of a block is 1.3 times as bright as its front, byte by byte.
 constexpr std::uint8_t BrightestFront = 195;
-
-TKxRealVector* NewVector(TForm& form, const TArray<double>& values, const TOptions& options)
-{
-    auto* vector = options.Follow ? new TKxLiveVector(&form) : new TKxRealVector(&form);
-    vector->Assign(values);
-    return vector;
-}
 
 /// The edges of bars around the values: half-way between neighbours, along a logarithmic axis by their ratio.
 std::vector<double> EdgesAround(std::span<const double> values, bool isLog)
@@ -187,12 +180,11 @@ private:
 
 }  // namespace
 
-std::string CaptionOf(const std::string& name)
+TKxRealVector* NewVector(TForm& form, const TArray<double>& values, const TOptions& options)
 {
-    std::string caption;
-    for (const char c : name)
-        caption += c == '\\' ? std::string("\\\\") : std::string(1, c);
-    return caption;
+    auto* vector = options.Follow ? new TKxLiveVector(&form) : new TKxRealVector(&form);
+    vector->Assign(values);
+    return vector;
 }
 
 void AddSeries(TPlot& plot, const TColumnChoice& choice, const TOptions& options, const TColourScheme& scheme)

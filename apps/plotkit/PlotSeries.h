@@ -1,6 +1,7 @@
 // The job of PlotSeries is to make the series of a graph: curves, points with error bars, bars, arrows.
 #pragma once
 
+#include "data/KxVector.h"
 #include "graph/KxGraph2D.h"
 #include "host/Form.h"
 #include "plotkit/ColourScheme.h"
@@ -11,7 +12,7 @@ namespace plotkit {
 /// A series for each ordinate, with vectors of its own, into `plot`.
 void AddSeries(TPlot& plot, const TColumnChoice& choice, const TOptions& options, const TColourScheme& scheme);
 
-/// A name as a caption that shows it unchanged.
-std::string CaptionOf(const std::string& name);
+/// A vector of the form with the values; it tells of its changes when the table is followed.
+TKxRealVector* NewVector(TForm& form, const TArray<double>& values, const TOptions& options);
 
 }  // namespace plotkit

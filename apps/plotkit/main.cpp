@@ -14,6 +14,7 @@
 #include "plotkit/PictureFile.h"
 #include "plotkit/ProgressLine.h"
 #include "plotkit/ShowCommand.h"
+#include "plotkit/fit/FitResults.h"
 #include "plotkit/sql/DatabaseTable.h"
 #include "plotkit/table/DateText.h"
 #include "qt/KxQtHost.h"
@@ -70,10 +71,16 @@ int Render(TQtHost& host, TDocument& document)
                             options.Antialias,
                             options.Light,
                             TitleOf(options)};
-    const std::string picture = DrawPicture(*document.Plot().Form, wish);
+    const bool wantsPicture = !options.Output.empty();
+    const std::string picture = wantsPicture ? DrawPicture(*document.Plot().Form, wish) : std::string();
     if (failed)
         return Broken;
-    WriteWholeFile(options.Output, picture);
+    if (const auto failures = document.Plot().News->Failures(); !failures.empty())
+        throw EConvertError(failures.front());
+    if (wantsPicture)
+        WriteWholeFile(options.Output, picture);
+    if (options.PrintResults)
+        std::cout << (options.AsJson ? ResultsJson(document.Plot()) : ResultsText(document.Plot()));
     return 0;
 }
 
@@ -108,7 +115,7 @@ int Run(int count, char** arguments)
     std::unique_ptr<TDocument> document;
     if (!options.File.empty()) {
         document = ReadDocument(options);
-        std::cout << document->Description() << std::endl;
+        (options.AsJson ? std::cerr : std::cout) << document->Description() << std::endl;
     }
     if (options.Command == pcRender)
         return Render(host, *document);

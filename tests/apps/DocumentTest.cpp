@@ -1,3 +1,5 @@
+#include "calculated/KxCalculatedSeries.h"
+#include "graph/KxResultLabel.h"
 #include "plotkit/Document.h"
 
 #include <gtest/gtest.h>
@@ -134,6 +136,47 @@ TEST_F(DocumentTest, AnotherSchemeKeepsViewAndLook)
     EXPECT_EQ(dark.ToText().find("$00FFFFFF"), std::string::npos);
     document.SetScheme(ccLight);
     EXPECT_EQ(document.Plot().Form->Picture(), light);
+}
+
+TEST_F(DocumentTest, FitsComeBackWithTheLookAndGoBeforeIt)
+{
+    TOptions options = OptionsFor("buoy-44005-2012-10-11.csv");
+    options.Ys = {"air_temp_degC,water_temp_degC"};
+    options.Fit.Fits = {ParseFit("linear"), ParseFit("integral@water_temp_degC")};
+    options.Fit.Results = {"Slope"};
+    options.Fit.Weights = "pressure_hPa";
+    TDocument document(options);
+    TFitOptions fits = document.Options().Fit;
+    fits.Fits[0].Range = TFitRange{41190, 41200.5};
+    document.SetFits(fits);
+    TPlottedFit line = document.Plot().Fits[0];
+    line.Series->GetLineStyle().SetColor(clRed);
+    line.Labels[0].Name->SetTop(300);
+    const TRecording before = document.Plot().Form->Picture();
+    document.SetScheme(ccDark);
+    document.SaveLookAs(Path("look.ini"));
+    document.SetScheme(ccLight);
+    EXPECT_EQ(document.Plot().Form->Picture(), before);
+    options.Fit = {};
+    options.LookFile = Path("look.ini");
+    const TDocument again(options);
+    EXPECT_EQ(again.Options().Fit.Fits, fits.Fits);
+    EXPECT_EQ(again.Options().Fit.Weights, "pressure_hPa");
+    EXPECT_EQ(again.Plot().Form->Picture(), before);
+    // Fits on the command line are the ones; what stays has its look.
+    options.Fit.Fits = {ParseFit("poly:2"), ParseFit("linear")};
+    const TDocument other(options);
+    ASSERT_EQ(other.Plot().Fits.size(), 4U);
+    EXPECT_EQ(other.Plot().Fits[0].Series->GetLineStyle().GetColor(), clRed);
+    EXPECT_TRUE(other.Plot().Fits[0].Series->GetAutoStart());
+    // Other data take what they can.
+    options = OptionsFor("gistemp-annual.csv");
+    options.LookFile = Path("look.ini");
+    const TDocument annual(options);
+    ASSERT_EQ(annual.Plot().Fits.size(), 1U);
+    EXPECT_TRUE(annual.Notes().back().ends_with(
+        "integral@water_temp_degC is left out: --fit: \"water_temp_degC\" is not among the ordinates anomaly_degC"))
+        << annual.Notes().back();
 }
 
 TEST_F(DocumentTest, OtherColumnsMakeAnotherGraph)

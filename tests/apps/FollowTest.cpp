@@ -8,9 +8,11 @@
 
 #include "data/KxVector.h"
 #include "graph/KxAxis.h"
+#include "graph/KxResultLabel.h"
 #include "host/Errors.h"
 #include "host/Host.h"
 #include "host/StringList.h"
+#include "plotkit/Document.h"
 #include "plotkit/FollowedPlot.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/TableOrigin.h"
@@ -180,6 +182,38 @@ TEST_F(Follow, TheGraphIsThatOfTheWholeFile)
     FitToLogScales(whole, Options);
     EXPECT_EQ(Plot.Form->Picture(), BuildPlot(whole, Options).Form->Picture());
     Followed.reset();
+}
+
+TEST_F(Follow, FitsWeightsAndLabelsGrowWithTheFile)
+{
+    TFakeHost clock;
+    const THostGuard guard(clock);
+    const std::string start = "t,a,w\n1,2,1\n", rest = "2,4,1\n3,7,2\n4,8,9\n";
+    Options.Fit.Fits = {ParseFit("linear"), ParseFit("poly:2")};
+    Options.Fit.Results = {"Slope", "c"};
+    Options.Fit.Weights = "w";
+    Options.Follow = 2;
+    Write(start);
+    Options.File = File;
+    TDocument document(Options);
+    std::vector<std::string> told;
+    document.OnNote = [&](const std::string& note) { told.push_back(note); };
+    const auto labels = [](const TDocument& shown) {
+        shown.Plot().Form->Picture();
+        std::string texts;
+        for (const TPlottedFit& fit : shown.Plot().Fits)
+            texts += fit.Labels.at(0).Value->GetCaption() + " ";
+        return texts;
+    };
+    EXPECT_EQ(document.Plot().News->Failures().back(), "polynomial of order 2: Not enough data!");
+    EXPECT_TRUE(labels(document).ends_with("... "));
+    Append(rest);
+    clock.Advance(std::chrono::seconds(3));
+    const std::string grown = labels(document);
+    EXPECT_TRUE(document.Plot().News->Failures().empty());
+    EXPECT_TRUE(told.empty());
+    Options.Follow.reset();
+    EXPECT_EQ(grown, labels(TDocument(Options)));
 }
 
 }  // namespace

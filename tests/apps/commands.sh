@@ -119,6 +119,14 @@ others=$(ls -A | grep -vE '^(log|co2|cu|xrd|bad-cells|input|pipe|dates|kept|befo
 (failures=0; unset DISPLAY WAYLAND_DISPLAY QT_QPA_PLATFORM; run 2 'there is no display' show negative.csv; exit $failures)
 failures=$((failures + $?))
 
+run 0 '  Slope = 0.0041773' render "$data/mauna-loa-co2-monthly.csv" --fit linear --range 1990-01..1999-12 --results
+run 0 '"Coeff(2)": ' render "$data/cu-foil-xafs.csv" --fit 'a*x+b' --start a=2 --label a --json -o fit.png
+python3 -c 'import json; assert json.load(open("out.txt"))[0]["fit"] == "a*x+b"' || fail "the results are no JSON"
+cp before.png kept.png
+run 2 'polynomial of order 9: Not enough data!' render negative.csv --fit poly:9 -o kept.png
+run 2 '--fit: "a*exp(": Formula, position 7' render negative.csv --fit 'a*exp(' -o kept.png
+cmp -s kept.png before.png || fail "a fit that failed changed the picture"
+
 run 0 'render' --help
 
 "$program" show "$data/ecg-mitdb208-12s.csv" >out.txt 2>err.txt &

@@ -207,6 +207,42 @@ TEST_F(WindowTest, FollowedFilesGrow)
     EXPECT_TRUE(Action("Follow as it grows")->isChecked());
 }
 
+TEST_F(WindowTest, FitsAreDrawnLimitedCopiedAndRemoved)
+{
+    const QImage plain = View().Shown();
+    Action("Straight line")->trigger();
+    Settle();
+    EXPECT_NE(View().Shown(), plain);
+    const auto slope = [&] {
+        Action("Copy results")->trigger();
+        const QString text = QApplication::clipboard()->text();
+        return text.section("\tSlope\t", 1).section('\n', 0, 0).toDouble();
+    };
+    const double whole = slope();
+    EXPECT_NEAR(whole, 0.004566, 1e-6);
+    Action("Markers")->trigger();
+    Settle();
+    Action("Range from markers")->trigger();
+    Settle();
+    EXPECT_NEAR(slope(), 0.0043, 1e-4);
+    const QImage unlabelled = View().Shown();
+    Action("Slope")->trigger();
+    Settle();
+    EXPECT_NE(View().Shown(), unlabelled);
+    Action("Markers")->trigger();
+    Action("Whole range")->trigger();
+    EXPECT_DOUBLE_EQ(slope(), whole);
+    Action("Remove all fits")->trigger();
+    Settle();
+    Action("Home")->trigger();
+    Settle();
+    EXPECT_EQ(View().Shown(), plain);
+    Action("Akima")->trigger();
+    Settle();
+    Action("Range from markers")->trigger();
+    EXPECT_TRUE(Messages().contains("show the two markers first")) << Messages().toStdString();
+}
+
 TEST_F(WindowTest, ThePlaceIsRemembered)
 {
     Window->setGeometry(120, 90, 640, 480);

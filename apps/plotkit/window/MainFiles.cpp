@@ -1,7 +1,9 @@
 #include <QDir>
+#include <QDragEnterEvent>
 #include <QFileDialog>
 #include <QFileInfo>
 #include <QMessageBox>
+#include <QMimeData>
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStatusBar>
@@ -18,6 +20,11 @@ namespace {
 const char* const DataFiles = "Data (*.csv *.tsv *.txt *.dat *.asc);;All files (*)";
 constexpr int NewsTime = 5000;  // ms
 const char* const LookFiles = "Looks (*.ini)";
+
+bool IsLookFile(const QString& fileName)
+{
+    return fileName.endsWith(".ini", Qt::CaseInsensitive);
+}
 
 }  // namespace
 
@@ -75,7 +82,12 @@ void TMainWindow::ExportPicture()
         return;
     wanted->Picture.Title = PictureName().toStdString();
     WriteWholeFile(wanted->File.toStdString(), DrawPicture(*FDocument->Plot().Form, wanted->Picture));
-    statusBar()->showMessage(tr("Wrote %1").arg(wanted->File), NewsTime);
+    ShowNews(tr("Wrote %1").arg(wanted->File));
+}
+
+void TMainWindow::ShowNews(const QString& word)
+{
+    statusBar()->showMessage(word, NewsTime);
 }
 
 void TMainWindow::Print()
@@ -109,6 +121,26 @@ void TMainWindow::ShowKeys()
 <tr><td><b>c</b></td><td>cursor; arrows step through points and series</td></tr>
 <tr><td><b>m</b>, 1, 2</td><td>markers; pick one up for the arrows</td></tr>
 <tr><td><b>Escape</b></td><td>ends what is going on</td></tr></table>)"));
+}
+
+void TMainWindow::dragEnterEvent(QDragEnterEvent* event)
+{
+    const QList<QUrl> urls = event->mimeData()->urls();
+    if (!urls.isEmpty() && urls.front().isLocalFile())
+        event->acceptProposedAction();
+}
+
+void TMainWindow::dropEvent(QDropEvent* event)
+{
+    event->acceptProposedAction();
+    const QList<QUrl> urls = event->mimeData()->urls();
+    const QString file = urls.front().toLocalFile();
+    if (IsLookFile(file) && HasGraph())
+        UseLook(file.toStdString());
+    else
+        Open(file.toStdString());
+    if (urls.size() > 1)
+        Report("One window shows one file: only " + file.toStdString() + " was opened");
 }
 
 }  // namespace plotkit

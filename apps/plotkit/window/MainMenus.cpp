@@ -7,6 +7,7 @@
 #include <array>
 
 #include "plotkit/window/ColumnsDock.h"
+#include "plotkit/window/FitMenu.h"
 #include "plotkit/window/MainWindow.h"
 #include "plotkit/window/ToolIcons.h"
 
@@ -28,6 +29,7 @@ void TMainWindow::AddMenus()
     AddFileMenu();
     FTools->addSeparator();
     FGraphMenu = menuBar()->addMenu(tr("&Graph"));
+    AddFitMenu();
     AddViewMenu();
     QMenu& help = *menuBar()->addMenu(tr("&Help"));
     AddAction(help, tr("&Mouse and keys"), QKeySequence::HelpContents, [this] { ShowKeys(); });
@@ -82,6 +84,14 @@ void TMainWindow::FillRecentMenu()
         FillRecentMenu();
     });
     FRecentMenu->setEnabled(!files.empty());
+}
+
+void TMainWindow::AddFitMenu()
+{
+    FFits = new TFitMenu(tr("F&it"), this);
+    FFits->Guard = [this](const std::function<void()>& action) { Try(action); };
+    FFits->OnDone = [this](const QString& word) { ShowNews(word); };
+    menuBar()->addMenu(FFits);
 }
 
 void TMainWindow::AddViewMenu()

@@ -1,12 +1,10 @@
 #include "plotkit/window/MainWindow.h"
 
 #include <QCloseEvent>
-#include <QDragEnterEvent>
 #include <QFileInfo>
 #include <QGuiApplication>
 #include <QLabel>
 #include <QMenu>
-#include <QMimeData>
 #include <QScreen>
 #include <QStackedWidget>
 #include <QStatusBar>
@@ -23,6 +21,7 @@
 #include "plotkit/window/ColumnsDock.h"
 #include "plotkit/window/DesktopColours.h"
 #include "plotkit/window/ElidedLabel.h"
+#include "plotkit/window/FitMenu.h"
 #include "plotkit/window/MessageBar.h"
 #include "plotkit/window/ReadingBox.h"
 
@@ -55,11 +54,6 @@ QRect KeptOnScreen(QRect place)
     return place;
 }
 
-bool IsLookFile(const QString& fileName)
-{
-    return fileName.endsWith(".ini", Qt::CaseInsensitive);
-}
-
 }  // namespace
 
 TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
@@ -87,6 +81,14 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
         QTimer::singleShot(0, this, [this, x, ys] { Rebuild([&] { FDocument->Choose(x, ys); }); });
     };
     addDockWidget(Qt::RightDockWidgetArea, FColumns);
+    constexpr int pause = 200;  // ms
+    FNewLayout = new QTimer(this);
+    FNewLayout->setSingleShot(true);
+    FNewLayout->setInterval(pause);
+    connect(FNewLayout, &QTimer::timeout, this, [this] {
+        if (HasGraph())
+            Try([this] { FDocument->KeepLabelsInside(); });
+    });
     AddMenus();
     FColumns->hide();
     EnableForGraph();
@@ -149,6 +151,7 @@ void TMainWindow::Open(const std::string& fileName)
         options.XCaption.reset();
         options.YCaption.reset();
         options.XScale = options.YScale = scAuto;
+        options.Fit = {};
     }
     options.File = fileName;
     options.Database.reset();
@@ -230,11 +233,14 @@ void TMainWindow::ReportNotes()
     FMessages->Clear();
     for (const std::string& note : FDocument->Notes())
         Report(note);
+    for (const std::string& failure : FDocument->Plot().News->Failures())
+        Report(failure);
 }
 
 void TMainWindow::LeaveView()
 {
     FGraphMenu->clear();
+    FFits->Show(nullptr, nullptr);
     for (QAction* action : FGraphTools)
         FTools->removeAction(action);
     FGraphTools.clear();
@@ -252,10 +258,13 @@ void TMainWindow::ShowGraph()
     FInteraction->OnCopyPicture = [this] { CopyPictureNow(); };
     FDatesFollow =
         std::make_unique<TEventChain<>>(FInteraction->Input().Navigator(), FInteraction->Input().Navigator().OnChanged,
-                                        [this] { QTimer::singleShot(0, this, [this] { RefreshDates(); }); });
-    FDocument->OnNote = [this](const std::string& note) { Report(note); };
+                                        [this] { QTimer::singleShot(0, this, [this] { ViewChanged(); }); });
+    // Told while the graph is painted, too, when the window cannot change.
+    FDocument->OnNote = [this](const std::string& note) {
+        QTimer::singleShot(0, this, [this, note] { Report(note); });
+    };
     FDocument->OnGrown = [this] {
-        RefreshDates();
+        ViewChanged();
         ShowDescription();
     };
     FPages->insertWidget(GraphPage, FView.get());
@@ -265,6 +274,7 @@ void TMainWindow::ShowGraph()
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
     ShowDescription();
     FillGraphMenu();
+    FFits->Show(FDocument.get(), &FInteraction->Input().Markers());
     EnableForGraph();
     ShowReadings();
 }
@@ -297,6 +307,13 @@ void TMainWindow::RefreshDates()
 {
     if (HasGraph() && FDocument->Plot().DateName)
         Try([this] { RefreshDateCaption(*FDocument->Plot().Graph, *FDocument->Plot().DateName); });
+}
+
+void TMainWindow::ViewChanged()
+{
+    RefreshDates();
+    if (!FNewLayout->isActive())
+        FNewLayout->start();
 }
 
 void TMainWindow::UseLook(const std::string& fileName)
@@ -340,6 +357,12 @@ void TMainWindow::changeEvent(QEvent* event)
         QTimer::singleShot(0, this, [this] { MatchScheme(); });
 }
 
+void TMainWindow::resizeEvent(QResizeEvent* event)
+{
+    QMainWindow::resizeEvent(event);
+    FNewLayout->start();
+}
+
 void TMainWindow::RestorePlace()
 {
     TForm form(nullptr);
@@ -367,26 +390,6 @@ void TMainWindow::closeEvent(QCloseEvent* event)
     } catch (const EError&) {
     }
     event->accept();
-}
-
-void TMainWindow::dragEnterEvent(QDragEnterEvent* event)
-{
-    const QList<QUrl> urls = event->mimeData()->urls();
-    if (!urls.isEmpty() && urls.front().isLocalFile())
-        event->acceptProposedAction();
-}
-
-void TMainWindow::dropEvent(QDropEvent* event)
-{
-    event->acceptProposedAction();
-    const QList<QUrl> urls = event->mimeData()->urls();
-    const QString file = urls.front().toLocalFile();
-    if (IsLookFile(file) && HasGraph())
-        UseLook(file.toStdString());
-    else
-        Open(file.toStdString());
-    if (urls.size() > 1)
-        Report("One window shows one file: only " + file.toStdString() + " was opened");
 }
 
 }  // namespace plotkit

@@ -16,11 +16,13 @@ class QBoxLayout;
 class QLabel;
 class QMenu;
 class QStackedWidget;
+class QTimer;
 class QToolBar;
 
 namespace plotkit {
 
 class TColumnsDock;
+class TFitMenu;
 class TMessageBar;
 
 /// Whatever goes wrong is said in the window and leaves what it shows as it was.
@@ -45,6 +47,7 @@ protected:
     void dragEnterEvent(QDragEnterEvent* event) override;
     void dropEvent(QDropEvent* event) override;
     void changeEvent(QEvent* event) override;
+    void resizeEvent(QResizeEvent* event) override;
 
 private:
     void Try(const std::function<void()>& action);
@@ -54,6 +57,7 @@ private:
     void AddMenus();
     void AddFileMenu();
     void AddViewMenu();
+    void AddFitMenu();
     void AddColoursMenu(QMenu& menu);
     void AddScaleMenu(QMenu& menu, const QString& title, bool isX);
     QAction* AddAction(QMenu& menu, const QString& text, const QKeySequence& keys, std::function<void()> action);
@@ -88,9 +92,12 @@ private:
     QString PictureName() const;
     void MatchScheme();
     void RefreshDates();
+    void ViewChanged();
     void AddReadings(QBoxLayout& rows);
     void ShowReadings();
     void ShowDescription();
+    /// In the status line, for a while.
+    void ShowNews(const QString& word);
 
     TOptions FOptions;  ///< of the program
     TUserSettings FSettings;
@@ -106,10 +113,12 @@ private:
     QLabel* FDescription = nullptr;  ///< of the chosen columns
     QMenu* FRecentMenu = nullptr;
     QMenu* FGraphMenu = nullptr;
+    TFitMenu* FFits = nullptr;
     QToolBar* FTools = nullptr;
     QActionGroup* FXScales = nullptr;
     QActionGroup* FYScales = nullptr;
     QAction* FFollow = nullptr;
+    QTimer* FNewLayout = nullptr;   ///< axes took other room; labels are looked after when it is over
     QList<QAction*> FGraphActions;  ///< that make sense with a graph only
     QList<QAction*> FGraphTools;    ///< of the present view
     TExportWish FExportWish;        ///< of the last export
