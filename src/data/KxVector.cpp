@@ -51,7 +51,7 @@ void TKxCustomRealVector::SetValue(int i, double value)
     if (i < 0 || i >= MaxCount)
         RaiseOutOfRange(i);
     CheckCount(i + 1);
-    FValues.Write()[i] = value;
+    Write()[i] = value;
 }
 
 void TKxCustomRealVector::ReserveFor(int n)
@@ -73,6 +73,7 @@ void TKxCustomRealVector::Replace(TKxRealArray values)
     if (values.Length() > MaxCount)
         RaiseOutOfRange(MaxCount);
     FValues = std::move(values);
+    ++FVersion;
     FCount = static_cast<int>(FValues.Length());
     ReserveFor(FCount);
 }

@@ -3,6 +3,7 @@
 #include <algorithm>
 #include <cmath>
 
+#include "data/KxExtremes.h"
 #include "graph/KxAxis.h"
 
 namespace plotkit {
@@ -14,27 +15,20 @@ void TKxSeriesDirection::SetData(TKxCustomRealVector* data)
     Forget();
 }
 
+TKxAxisMapping TKxSeriesDirection::PointMapping() const
+{
+    return Mapping ? *Mapping : Axis->Mapping();
+}
+
 void TKxSeriesDirection::Scan(int count)
 {
-    MinIndex = MaxIndex = -1;
-    double min = 1.7e308, max = -1.7e308;
-    const std::span<const double> values = Data ? Data->Values() : std::span<const double>();
-    const int end = std::min(count, Count());
-    for (int i = 0; i < end; ++i) {
-        const double value = values[static_cast<std::size_t>(i)];
-        if (!std::isfinite(value))
-            continue;
-        if (value < min) {
-            min = value;
-            MinIndex = i;
-        }
-        if (value > max) {
-            max = value;
-            MaxIndex = i;
-        }
-    }
+    TKxPlacedExtremes found;
+    if (Data)
+        found = PlacedExtremesOf(Data->Values().first(static_cast<std::size_t>(std::clamp(count, 0, Count()))));
+    MinIndex = found.MinIndex;
+    MaxIndex = found.MaxIndex;
     FKnown = count;
-    Range.SetStartStop(min, max);
+    Range.SetStartStop(found.Min, found.Max);
 }
 
 bool TKxSeriesDirection::HasValues(int count) const

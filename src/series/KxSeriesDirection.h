@@ -24,6 +24,8 @@ struct TKxSeriesDirection
     std::optional<TKxAxisMapping> Mapping;  ///< what the points were made with
 
     int Count() const { return Data ? Data->GetCount() : 0; }
+    /// What points are made with.
+    TKxAxisMapping PointMapping() const;
     bool IsEmptyRange() const { return Range.GetStart() > Range.GetStop(); }
 
     /// Stores the vector; what was known of the old one's values is forgotten.

@@ -6,6 +6,7 @@
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
 #include "host/PixelMath.h"
+#include "series/KxLongLine.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -27,17 +28,8 @@ TPoint DataOrigin(const TKxSeries& series)
 void TKxSeries::SetPointsCount()
 {
     FPointsCount = FX.Data && FY.Data ? std::min(FX.Count(), FY.Count()) : 0;
-    FPoints.SetCount(FPointsCount);
-}
-
-int TKxSeries::XIdxNeeded() const
-{
-    return std::min(FX.Count(), FPointsCount);
-}
-
-int TKxSeries::YIdxNeeded() const
-{
-    return std::min(FY.Count(), FPointsCount);
+    if (HasOwnPointRule() || FPoints.GetCount() > FPointsCount)
+        FPoints.SetCount(FPointsCount);
 }
 
 void TKxSeries::GetNewXStartStop()
@@ -74,7 +66,7 @@ void TKxSeries::CalcYValue(int index)
         GetNewYStartStop();
 }
 
-void TKxSeries::MapPoints(int first, int end)
+void TKxSeries::MapPoints(int first, int end) const
 {
     end = std::min({end, FPointsCount, FPoints.GetCount(), FX.Count(), FY.Count()});
     if (first < 0 || first >= end || !FX.Axis || !FY.Axis)
@@ -84,11 +76,21 @@ void TKxSeries::MapPoints(int first, int end)
     const auto xs = FX.Data->Values().subspan(from, count);
     const auto ys = FY.Data->Values().subspan(from, count);
     const auto points = FPoints.Write().subspan(from, count);
-    FX.Axis->Mapping().RealToIntX(xs, points);
-    FY.Axis->Mapping().RealToIntY(ys, points);
+    FX.PointMapping().RealToIntX(xs, points);
+    FY.PointMapping().RealToIntY(ys, points);
     for (std::size_t i = 0; i < count; ++i)
         if (!std::isfinite(xs[i]) || !std::isfinite(ys[i]))
             points[i] = MissingPoint;
+}
+
+const TKxPointVector& TKxSeries::Points() const
+{
+    const int made = FPoints.GetCount(), count = std::min({FPointsCount, FX.Count(), FY.Count()});
+    if (made < count && !HasOwnPointRule()) {
+        FPoints.SetCount(count);
+        MapPoints(made, count);
+    }
+    return FPoints;
 }
 
 void TKxSeries::CalculatePoint(int index)
@@ -142,15 +144,17 @@ void TKxSeries::CalculatePoints()
         if (FChilds.IndexOf(item) >= 0)
             item->Modified();
     }
-    if (HasOwnPointRule())
-        for (int i = 0; i < FPointsCount; ++i)
-            CalculatePoint(i);
-    else
-        MapPoints(0, FPointsCount);
     if (HasNewScaling(FX) || HasNewScaling(FY))
         FChildsNeedRecalc = true;
     FX.Mapping = FX.Axis->Mapping();
     FY.Mapping = FY.Axis->Mapping();
+    if (HasOwnPointRule())
+        for (int i = 0; i < FPointsCount; ++i)
+            CalculatePoint(i);
+    else
+        FPoints.Clear();
+    if (FLongLine)
+        FLongLine->Forget();
     FPointsNeedRecalc = false;
 }
 
@@ -168,15 +172,15 @@ void TKxSeries::AddNewPoints(bool isX, int first)
         follow(!isX, i);
     for (int i = first; i < last; ++i)
         follow(isX, i);
-    if (!ownRule)
-        return MapPoints(first, last);
-    for (int i = first; i < last; ++i)
+    for (int i = first; ownRule && i < last; ++i)
         CalculatePoint(i);
 }
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
     FChildsNeedRecalc = true;
+    if (FLongLine && FX.Data && FY.Data)
+        isX ? FLongLine->XChanged(*FX.Data, index, wasDeleted) : FLongLine->YChanged(*FY.Data, index, wasDeleted);
     const int before = FPointsCount;
     SetPointsCount();
     if (!wasDeleted)
@@ -226,18 +230,36 @@ double TKxSeries::IntToRealY(int pixel) const
     return FY.Axis ? FY.Axis->IntToRealPosition(SaturatePixel(std::int64_t{pixel} - DataOrigin(*this).Y)) : 0;
 }
 
+std::optional<TKxLineReduction> TKxSeries::LongLine() const
+{
+    const int count = std::min({FPointsCount, FX.Count(), FY.Count()});
+    if (count <= TKxLongLine::LongestWhole || HasOwnPointRule() || !FX.Mapping || !FY.Mapping)
+        return std::nullopt;
+    if (!FLongLine)
+        FLongLine = std::make_unique<TKxLongLine>();
+    return FLongLine->Line(*FX.Data, *FY.Data, count, *FX.Mapping, *FY.Mapping);
+}
+
 int TKxSeries::FindPoint(int x, int y, int tolerance) const
 {
     if (!GetShown())
         return -1;
     const std::int64_t left = std::int64_t{x} - DataOrigin(*this).X;
     const std::int64_t top = std::int64_t{y} - DataOrigin(*this).Y;
-    const auto points = FPoints.Values();
-    for (int i = std::min(FPointsCount, FPoints.GetCount()) - 1; i >= 0; --i) {
-        const TPoint point = points[static_cast<std::size_t>(i)];
-        if (point != MissingPoint && std::abs(point.X - left) <= tolerance && std::abs(point.Y - top) <= tolerance)
-            return i;
+    const auto isHit = [&](TPoint point) {
+        return point != MissingPoint && std::abs(point.X - left) <= tolerance && std::abs(point.Y - top) <= tolerance;
+    };
+    if (const auto line = FPoints.GetCount() < FPointsCount ? LongLine() : std::nullopt) {
+        const auto [first, end] = line->Range(left - tolerance, left + tolerance + 1);
+        for (std::size_t i = end; i > first; --i)
+            if (isHit(line->PointAt(i - 1)))
+                return static_cast<int>(i - 1);
+        return -1;
     }
+    const auto points = Points().Values();
+    for (std::size_t i = points.size(); i > 0; --i)
+        if (isHit(points[i - 1]))
+            return static_cast<int>(i - 1);
     return -1;
 }
 
