@@ -4,7 +4,7 @@
 #include <cmath>
 #include <cstddef>
 #include <cstdint>
-#include <optional>
+#include <cstring>
 
 #if defined(__x86_64__) && defined(__GNUC__)
 #define PLOTKIT_WIDE_VARIANT
@@ -16,52 +16,87 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::size_t Lanes = 16;
 /// Few enough that the place of an extreme is found quickly.
 constexpr std::size_t ChunkLength = 4096;
 
-// The lanes do not depend on each other: compilers turn the inner loops into vector code without reordering anything.
+// Four values that are looked at together, and as many sets of them as hide how long each step takes.
+constexpr std::size_t PackLength = 4;
+using TPack = double __attribute__((vector_size(PackLength * sizeof(double))));
+using TMask = std::int64_t __attribute__((vector_size(PackLength * sizeof(double))));
+constexpr std::size_t StripLength = 4 * PackLength;
+
+PLOTKIT_INLINE void Load(const double* values, TPack& pack)
+{
+    std::memcpy(&pack, values, sizeof pack);
+}
+
+struct TLook
+{
+    TPack Low = TPack{} + TKxExtremes().Min;
+    TPack High = TPack{} + TKxExtremes().Max;
+    TPack Nothing = {};  ///< not a number once a value was not finite
+
+    PLOTKIT_INLINE void Add(const double* values)
+    {
+        TPack pack;
+        Load(values, pack);
+        Low = pack < Low ? pack : Low;
+        High = pack > High ? pack : High;
+        Nothing += pack - pack;
+    }
+    PLOTKIT_INLINE void Add(const TLook& other)
+    {
+        Low = other.Low < Low ? other.Low : Low;
+        High = other.High > High ? other.High : High;
+        Nothing += other.Nothing;
+    }
+};
+
 PLOTKIT_INLINE TKxStretch LookThrough(const double* values, std::size_t count)
 {
-    double low[Lanes], high[Lanes], nothing[Lanes];
-    for (std::size_t i = 0; i < Lanes; ++i) {
-        low[i] = TKxExtremes().Min;
-        high[i] = TKxExtremes().Max;
-        nothing[i] = 0;
-    }
+    TLook a, b, c, d;
     std::size_t at = 0;
-    for (; at + Lanes <= count; at += Lanes)
-        for (std::size_t i = 0; i < Lanes; ++i) {
-            const double value = values[at + i];
-            low[i] = value < low[i] ? value : low[i];
-            high[i] = value > high[i] ? value : high[i];
-            nothing[i] += value - value;  // not a number once one is not finite
-        }
-    for (std::size_t i = 0; at + i < count; ++i) {
-        const double value = values[at + i];
-        low[i] = value < low[i] ? value : low[i];
-        high[i] = value > high[i] ? value : high[i];
-        nothing[i] += value - value;
+    for (; at + StripLength <= count; at += StripLength) {
+        a.Add(values + at);
+        b.Add(values + at + PackLength);
+        c.Add(values + at + 2 * PackLength);
+        d.Add(values + at + 3 * PackLength);
     }
-    for (std::size_t width = Lanes / 2; width > 0; width /= 2)
-        for (std::size_t i = 0; i < width; ++i) {
-            low[i] = low[i + width] < low[i] ? low[i + width] : low[i];
-            high[i] = high[i + width] > high[i] ? high[i + width] : high[i];
-            nothing[i] += nothing[i + width];
-        }
-    return {{low[0], high[0]}, nothing[0] == 0};
+    for (; at + PackLength <= count; at += PackLength)
+        a.Add(values + at);
+    a.Add(b);
+    c.Add(d);
+    a.Add(c);
+    TKxStretch stretch;
+    double nothing = 0;
+    for (std::size_t i = 0; i < PackLength; ++i) {
+        stretch.Extremes.Add({a.Low[i], a.High[i]});
+        nothing += a.Nothing[i];
+    }
+    for (; at < count; ++at) {
+        stretch.Extremes.Add({values[at], values[at]});
+        nothing += values[at] - values[at];
+    }
+    stretch.IsWhole = nothing == 0;
+    return stretch;
 }
 
 PLOTKIT_INLINE bool IsAscending(const double* values, std::size_t count)
 {
-    std::int64_t falls[Lanes] = {};
+    TMask ascends = TMask{} - 1;
     std::size_t at = 1;
-    for (; at + Lanes <= count; at += Lanes)
-        for (std::size_t i = 0; i < Lanes; ++i)
-            falls[i] += values[at + i - 1] <= values[at + i] ? 0 : 1;
+    for (; at + PackLength <= count; at += PackLength) {
+        TPack before, pack;
+        Load(values + at - 1, before);
+        Load(values + at, pack);
+        ascends &= before <= pack;
+    }
+    bool all = true;
+    for (std::size_t i = 0; i < PackLength; ++i)
+        all = all && ascends[i] != 0;
     for (; at < count; ++at)
-        falls[0] += values[at - 1] <= values[at] ? 0 : 1;
-    return std::all_of(falls, falls + Lanes, [](std::int64_t n) { return n == 0; });
+        all = all && values[at - 1] <= values[at];
+    return all;
 }
 
 #ifdef PLOTKIT_WIDE_VARIANT
@@ -116,23 +151,31 @@ TKxStretch StretchOf(std::span<const double> values)
 
 TKxPlacedExtremes PlacedExtremesOf(std::span<const double> values)
 {
-    TKxPlacedExtremes found;
-    std::optional<std::size_t> lowest, highest;  // the chunks that hold them
-    for (std::size_t first = 0; first < values.size(); first += ChunkLength) {
-        const auto [min, max] = StretchOf(values.subspan(first, std::min(ChunkLength, values.size() - first))).Extremes;
-        if (min < found.Min) {
-            found.Min = min;
-            lowest = first;
-        }
-        if (max > found.Max) {
-            found.Max = max;
-            highest = first;
-        }
+    TKxExtremeSearch search(values);
+    for (std::size_t first = 0; first < values.size(); first += ChunkLength)
+        search.Add(StretchOf(values.subspan(first, std::min(ChunkLength, values.size() - first))).Extremes, first);
+    return search.Found();
+}
+
+void TKxExtremeSearch::Add(const TKxExtremes& stretch, std::size_t first)
+{
+    if (stretch.Min < FFound.Min) {
+        FFound.Min = stretch.Min;
+        FLowest = first;
     }
-    if (lowest)
-        found.MinIndex = PlaceOf(found.Min, values, *lowest);
-    if (highest)
-        found.MaxIndex = PlaceOf(found.Max, values, *highest);
+    if (stretch.Max > FFound.Max) {
+        FFound.Max = stretch.Max;
+        FHighest = first;
+    }
+}
+
+TKxPlacedExtremes TKxExtremeSearch::Found() const
+{
+    TKxPlacedExtremes found = FFound;
+    if (FLowest)
+        found.MinIndex = PlaceOf(found.Min, FValues, *FLowest);
+    if (FHighest)
+        found.MaxIndex = PlaceOf(found.Max, FValues, *FHighest);
     return found;
 }
 

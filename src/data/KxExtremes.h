@@ -1,7 +1,9 @@
 // The job of KxExtremes is to look through many values at the speed of memory: smallest, largest, ascending or not.
 #pragma once
 
+#include <cstddef>
 #include <limits>
+#include <optional>
 #include <span>
 
 namespace plotkit {
@@ -27,6 +29,22 @@ struct TKxPlacedExtremes
     double Max = -1.7e308;
     int MinIndex = -1;
     int MaxIndex = -1;
+};
+
+/// Finds them from the extremes of stretches of the values.
+class TKxExtremeSearch
+{
+public:
+    explicit TKxExtremeSearch(std::span<const double> values) : FValues(values) {}
+
+    /// Of a stretch that begins at value `first`; they come in order.
+    void Add(const TKxExtremes& stretch, std::size_t first);
+    TKxPlacedExtremes Found() const;
+
+private:
+    std::span<const double> FValues;
+    TKxPlacedExtremes FFound;
+    std::optional<std::size_t> FLowest, FHighest;  ///< the stretches that hold them
 };
 
 /// What a stretch of values holds. `IsWhole`: all of them are finite.

@@ -10,6 +10,14 @@
 
 namespace plotkit {
 
+/// What a line was drawn through last.
+struct TKxDrawnLine
+{
+    std::vector<TPoint> Points;
+    int Left = 0, Right = 0;
+    bool IsCurrent = false;
+};
+
 /// Points from left to right or from right to left; the abscissae are all finite and ascend.
 class TKxLineReduction
 {

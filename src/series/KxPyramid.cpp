@@ -113,6 +113,18 @@ TKxExtremes TKxPyramid::Extremes(std::span<const double> values, std::size_t fir
     }
 }
 
+TKxPlacedExtremes TKxPyramid::PlacedExtremes(std::span<const double> values) const
+{
+    TKxExtremeSearch search(values);
+    for (std::size_t first = 0; first < values.size(); first += BlockLength) {
+        const std::size_t block = first / BlockLength;
+        const bool isKnown = first + BlockLength <= values.size() && FLevels[0][block].Content() == coWhole;
+        const auto stretch = values.subspan(first, std::min(BlockLength, values.size() - first));
+        search.Add(isKnown ? FLevels[0][block].Extremes : StretchOf(stretch).Extremes, first);
+    }
+    return search.Found();
+}
+
 int TKxPyramid::LevelAt(std::size_t first, std::size_t end, TContent content) const
 {
     int found = -1;

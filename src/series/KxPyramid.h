@@ -27,6 +27,8 @@ public:
 
     /// The extremes of [first, end), known values that are all finite.
     TKxExtremes Extremes(std::span<const double> values, std::size_t first, std::size_t end) const;
+    /// Of all `values`, known ones, that are finite.
+    TKxPlacedExtremes PlacedExtremes(std::span<const double> values) const;
     /// The first of the known values [first, end) that is not finite, or that is; `end` for none.
     std::size_t FindMissing(std::span<const double> values, std::size_t first, std::size_t end) const;
     std::size_t FindPresent(std::span<const double> values, std::size_t first, std::size_t end) const;

@@ -4,7 +4,6 @@
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
 #include "host/Timer.h"
-#include "series/KxLongLine.h"
 
 namespace plotkit {
 
@@ -146,7 +145,6 @@ bool TKxSeries::LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vec
         direction.Data->ChangedList().Remove(event);
     direction.LeaveAxis();
     direction.SetData(vector);
-    FLongLine.reset();
     WatchFor(vector);
     if (vector && direction.Axis) {
         vector->ChangedList().Add(event);
@@ -273,7 +271,6 @@ void TKxSeries::Notification(TComponent* component, TOperation operation)
         }
         if (component == direction->Data) {
             direction->SetData(nullptr);
-            FLongLine.reset();
             dataGone = true;
         }
     }

@@ -4,14 +4,13 @@
 #include <memory>
 
 #include "data/KxPointVector.h"
+#include "series/KxLineReduction.h"
 #include "series/KxSeriesDirection.h"
 #include "series/KxStyledSeries.h"
 
 namespace plotkit {
 
 class TKx2DGraph;
-class TKxLineReduction;
-class TKxLongLine;
 class TKxOrderWatch;
 
 class TKxSeries : public TKxStyledSeries
@@ -135,11 +134,11 @@ private:
     void BringChildsUpToDate();
     void DrawArea(TCanvas& canvas);
     void DrawPolylines(TCanvas& canvas);
-    std::span<const TPoint> LinePoints(const TCanvas& canvas) const;
+    std::span<const TPoint> LinePoints(const TCanvas& canvas);
     TKxCustomRealVector* FWeight = nullptr;
     TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
     std::unique_ptr<TKxOrderWatch> FOrderWatch;
-    mutable std::unique_ptr<TKxLongLine> FLongLine;
+    TKxDrawnLine FDrawnLine;
     TKxSeriesList FChilds;
     std::string FChildError;  ///< passed on last
     bool FPointsNeedRecalc = true;

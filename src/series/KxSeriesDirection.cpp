@@ -3,7 +3,6 @@
 #include <algorithm>
 #include <cmath>
 
-#include "data/KxExtremes.h"
 #include "graph/KxAxis.h"
 
 namespace plotkit {
@@ -11,6 +10,7 @@ namespace plotkit {
 void TKxSeriesDirection::SetData(TKxCustomRealVector* data)
 {
     Data = data;
+    Known.Clear();
     FFollowed = dynamic_cast<TKxLiveVector*>(data) != nullptr;
     Forget();
 }
@@ -22,9 +22,12 @@ TKxAxisMapping TKxSeriesDirection::PointMapping() const
 
 void TKxSeriesDirection::Scan(int count)
 {
+    const int end = std::clamp(count, 0, Count());
     TKxPlacedExtremes found;
-    if (Data)
-        found = PlacedExtremesOf(Data->Values().first(static_cast<std::size_t>(std::clamp(count, 0, Count()))));
+    if (end > TKxKnownValues::Few)
+        found = Known.Extremes(*Data, end);
+    else if (Data)
+        found = PlacedExtremesOf(Data->Values().first(static_cast<std::size_t>(end)));
     MinIndex = found.MinIndex;
     MaxIndex = found.MaxIndex;
     FKnown = count;

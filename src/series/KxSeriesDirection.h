@@ -5,9 +5,9 @@
 #include <optional>
 #include <span>
 
-#include "data/KxVector.h"
 #include "foundation/KxRange.h"
 #include "graph/KxAxisMapping.h"
+#include "series/KxKnownValues.h"
 
 namespace plotkit {
 
@@ -22,6 +22,7 @@ struct TKxSeriesDirection
     int MinIndex = -1;  ///< the point that holds the smallest value, -1 for none
     int MaxIndex = -1;
     std::optional<TKxAxisMapping> Mapping;  ///< what the points were made with
+    mutable TKxKnownValues Known;           ///< of the vector
 
     int Count() const { return Data ? Data->GetCount() : 0; }
     /// What points are made with.

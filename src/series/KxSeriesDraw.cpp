@@ -6,7 +6,6 @@
 #include "graph/KxGraph2D.h"
 #include "host/PenPattern.h"
 #include "host/PixelMath.h"
-#include "series/KxLongLine.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -98,7 +97,7 @@ void TKxSeries::DrawArea(TCanvas& canvas)
     canvas.Pen.Mode = dmCopy;
 }
 
-std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas) const
+std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas)
 {
     const TPenState pen = canvas.DevicePen();
     const TDrawState state = canvas.DeviceState();
@@ -106,7 +105,10 @@ std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas) const
         // What stands beside the clip reaches into it by the width of the pen.
         const int reach = 4 + 2 * std::clamp(pen.Width, 0, WidestReach);
         const TRect clip = canvas.ClipRect();
-        return FLongLine->Drawn(*line, AddPixels(clip.Left, -reach), AddPixels(clip.Right, reach));
+        const int left = AddPixels(clip.Left, -reach), right = AddPixels(clip.Right, reach);
+        if (!FDrawnLine.IsCurrent || FDrawnLine.Left != left || FDrawnLine.Right != right)
+            FDrawnLine = {line->Points(left, right), left, right, true};
+        return FDrawnLine.Points;
     }
     return Points().Values();
 }

@@ -6,7 +6,6 @@
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
 #include "host/PixelMath.h"
-#include "series/KxLongLine.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -153,8 +152,7 @@ void TKxSeries::CalculatePoints()
             CalculatePoint(i);
     else
         FPoints.Clear();
-    if (FLongLine)
-        FLongLine->Forget();
+    FDrawnLine.IsCurrent = false;
     FPointsNeedRecalc = false;
 }
 
@@ -179,8 +177,9 @@ void TKxSeries::AddNewPoints(bool isX, int first)
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
     FChildsNeedRecalc = true;
-    if (FLongLine && FX.Data && FY.Data)
-        isX ? FLongLine->XChanged(*FX.Data, index, wasDeleted) : FLongLine->YChanged(*FY.Data, index, wasDeleted);
+    FDrawnLine.IsCurrent = false;
+    if (const TKxSeriesDirection& changed = isX ? FX : FY; changed.Data)
+        changed.Known.ValueChanged(*changed.Data, index, wasDeleted);
     const int before = FPointsCount;
     SetPointsCount();
     if (!wasDeleted)
@@ -233,11 +232,13 @@ double TKxSeries::IntToRealY(int pixel) const
 std::optional<TKxLineReduction> TKxSeries::LongLine() const
 {
     const int count = std::min({FPointsCount, FX.Count(), FY.Count()});
-    if (count <= TKxLongLine::LongestWhole || HasOwnPointRule() || !FX.Mapping || !FY.Mapping)
+    if (count <= TKxKnownValues::Few || HasOwnPointRule() || !FX.Mapping || !FY.Mapping)
         return std::nullopt;
-    if (!FLongLine)
-        FLongLine = std::make_unique<TKxLongLine>();
-    return FLongLine->Line(*FX.Data, *FY.Data, count, *FX.Mapping, *FY.Mapping);
+    const auto xs = FX.Data->Values().first(static_cast<std::size_t>(count));
+    // What is not positive has no order on a logarithmic axis.
+    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Known.Ascend(*FX.Data, count))
+        return std::nullopt;
+    return TKxLineReduction(xs, FY.Data->Values(), FY.Known.Pyramid(*FY.Data, count), *FX.Mapping, *FY.Mapping);
 }
 
 int TKxSeries::FindPoint(int x, int y, int tolerance) const
