@@ -12,6 +12,7 @@ namespace {
 
 constexpr int MaxCount = std::numeric_limits<int>::max() - 1;
 constexpr int SmallestIncrement = 50;
+constexpr std::size_t MostAhead = 512;
 
 constexpr std::array RealVectorProperties{
     Property<&TKxRealVector::GetPersistentValues, &TKxRealVector::SetPersistentValues>("PersistentValues"),
@@ -60,12 +61,12 @@ void TKxCustomRealVector::ReserveFor(int n)
         FCapacity = SumOf(n, FIncrement);
 }
 
-void TKxCustomRealVector::CheckCount(int n)
+void TKxCustomRealVector::GrowFor(int n)
 {
     ReserveFor(n);
-    if (FValues.Length() < static_cast<std::size_t>(n))
-        FValues.Resize(static_cast<std::size_t>(n));
-    FCount = std::max(FCount, n);
+    const auto needed = static_cast<std::size_t>(n);
+    if (FValues.Length() < needed)
+        FValues.Resize(needed + std::min(needed / 8, MostAhead));
 }
 
 void TKxCustomRealVector::Replace(TKxRealArray values)
@@ -149,10 +150,9 @@ void TKxRealVector::Append(std::span<const double> values)
     // The values may be this vector's own: growing moves them.
     const bool own = values.data() >= held.data() && values.data() < held.data() + held.size();
     const auto offset = own ? values.data() - held.data() : 0;
-    const TKxRealArray kept = own ? Array() : TKxRealArray();
-    const double* const source = own ? kept.Read() + offset : values.data();
     CheckCount(static_cast<int>(first + values.size()));
-    std::copy_n(source, values.size(), Write() + first);
+    double* const all = Write();
+    std::copy_n(own ? all + offset : values.data(), values.size(), all + first);
     BulkChanged(GetCount() - 1, false);
 }
 

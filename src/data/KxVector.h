@@ -48,7 +48,12 @@ public:
 
 protected:
     /// Makes sure that `Count` is at least `n`; capacity grows to `n` + `Increment` when `n` reaches it.
-    void CheckCount(int n);
+    void CheckCount(int n)
+    {
+        if (n >= FCapacity || static_cast<std::size_t>(n) > FValues.Length())
+            GrowFor(n);
+        FCount = n > FCount ? n : FCount;
+    }
     /// Lowers the count; storage is kept.
     void DropTo(int n)
     {
@@ -69,6 +74,7 @@ protected:
 private:
     [[noreturn]] static void RaiseOutOfRange(int i);
     void ReserveFor(int n);
+    void GrowFor(int n);
 
     TKxRealArray FValues;  ///< elements that were ever written; the rest of the capacity is zero
     TKxValueIChangedList FChangedList;

@@ -46,31 +46,45 @@ std::pair<std::size_t, std::size_t> TKxLineReduction::Range(std::int64_t left, s
                            : std::pair(firstBehind(right), firstBehind(left));
 }
 
-std::vector<TPoint> TKxLineReduction::Points(int left, int right) const
+void TKxLineReduction::Draw(int left, int right, TKxDrawnLine& drawn) const
 {
+    const bool isSame = drawn.IsCurrent && drawn.Left == left && drawn.Right == right;
+    if (isSame && drawn.Count == FXs.size())
+        return;
     auto [first, end] = Range(left, right);
     first -= first > 0 ? 1 : 0;
     end += end < FXs.size() ? 1 : 0;
-    std::vector<TPoint> points;
-    while (first < end) {
+    bool isInRun = isSame && !drawn.Points.empty();
+    if (isInRun) {
+        first = drawn.Tail;
+        drawn.Points.resize(drawn.TailAt);
+    } else {
+        drawn.Points.clear();
+    }
+    for (; first < end; isInRun = false) {
         first = FPyramid.FindPresent(FYs, first, end);
         const std::size_t stop = FPyramid.FindMissing(FYs, first, end);
         // A run of one point draws nothing.
-        if (stop - first > 1) {
-            if (!points.empty())
-                points.push_back(MissingPoint);
-            AddRun(first, stop, points);
+        if (isInRun || stop - first > 1) {
+            if (!isInRun && !drawn.Points.empty())
+                drawn.Points.push_back(MissingPoint);
+            AddRun(first, stop, drawn);
         }
         first = stop;
     }
-    return points;
+    drawn.Left = left;
+    drawn.Right = right;
+    drawn.Count = FXs.size();
+    drawn.IsCurrent = true;
 }
 
-void TKxLineReduction::AddRun(std::size_t first, std::size_t end, std::vector<TPoint>& points) const
+void TKxLineReduction::AddRun(std::size_t first, std::size_t end, TKxDrawnLine& drawn) const
 {
     for (std::size_t length = 1; first < end; first += length) {
         length = ColumnEnd(first, end, length) - first;
-        AddColumn(first, first + length, points);
+        drawn.Tail = first;
+        drawn.TailAt = drawn.Points.size();
+        AddColumn(first, first + length, drawn.Points);
     }
 }
 

@@ -207,6 +207,8 @@ void TKxSeries::FOnWeightChanged(int, bool)
 void TKxSeries::Modified()
 {
     FPointsNeedRecalc = true;
+    FHasTold = true;
+    FDrawnLine.Forget();
     UpdateLegend();
     if (World())
         World()->Invalidate();

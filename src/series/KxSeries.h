@@ -124,25 +124,26 @@ private:
     void LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis);
     void ValueChanged(bool isX, int index, bool wasDeleted);
     void AddNewPoints(bool isX, int first);
+    void FollowNewValues(bool isX, int first, int end);
     void MapPoints(int first, int end) const;
     bool CalculateIfNeeded();
     std::optional<TKxLineReduction> LongLine() const;
     bool LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vector, const TKxValueIChangedEvent& event);
     void DataLinked();
     bool RenewRanges();
-    /// An error that stays the same is passed on once: each paint of live data would bring it up again.
     void BringChildsUpToDate();
     void DrawArea(TCanvas& canvas);
     void DrawPolylines(TCanvas& canvas);
     std::span<const TPoint> LinePoints(const TCanvas& canvas);
+
     TKxCustomRealVector* FWeight = nullptr;
     TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
     std::unique_ptr<TKxOrderWatch> FOrderWatch;
     TKxDrawnLine FDrawnLine;
     TKxSeriesList FChilds;
     std::string FChildError;  ///< passed on last
-    bool FPointsNeedRecalc = true;
-    bool FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FPointsNeedRecalc = true, FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FHasTold = false;     ///< of the change that is being followed
     bool FAwaitsAxes = false;  ///< new ranges went to the axes, points come with the next paint
 };
 

@@ -77,6 +77,34 @@ bool TKxSeriesDirection::Widen(int index)
     return moved != rgNotChanged;
 }
 
+bool TKxSeriesDirection::WidenAll(int first, int end)
+{
+    end = std::min(end, Count());
+    if (first < 0 || first >= end)
+        return false;
+    const double start = Range.GetStart(), stop = Range.GetStop();
+    if (FKnown >= end) {
+        const bool holds = HoldsExtreme(first, end);
+        if (holds)
+            Range.SetStartStop(start, stop);
+        return holds;
+    }
+    FKnown = first <= FKnown ? end : -1;
+    const auto values = Data->Values().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first));
+    const TKxPlacedExtremes found = PlacedExtremesOf(values);
+    // A scan would take the first of two equal extremes.
+    if ((found.Min == start && first < MinIndex) || (found.Max == stop && first < MaxIndex))
+        Forget();
+    if (found.Min < start)
+        MinIndex = first + found.MinIndex;
+    if (found.Max > stop)
+        MaxIndex = first + found.MaxIndex;
+    const bool hasMoved = found.Min < start || found.Max > stop;
+    if (hasMoved)
+        Range.SetStartStop(std::min(start, found.Min), std::max(stop, found.Max));
+    return hasMoved;
+}
+
 bool TKxSeriesDirection::HasMoved() const
 {
     return Axis && Mapping != Axis->Mapping();

@@ -43,6 +43,11 @@ struct TKxSeriesDirection
     bool RenewExtreme(int index, int count);
     /// Widens the range to include value `index`; true when an end moved.
     bool Widen(int index);
+    /// The same for values [first, end) at once; the listener is told once. Of values that are known already, ends that
+    /// stand there count as moved.
+    bool WidenAll(int first, int end);
+    /// Whether that takes a scan of all values: an extreme among them may have moved inward.
+    bool NeedsScan(int first, int end) const { return HoldsExtreme(first, end) && FKnown < end; }
     /// Whether the points were made with another mapping than the axis has now.
     bool HasMoved() const;
     /// Registers the range with the axis.
@@ -50,6 +55,11 @@ struct TKxSeriesDirection
     void LeaveAxis();
 
 private:
+    bool HoldsExtreme(int first, int end) const
+    {
+        return (MinIndex >= first && MinIndex < end) || (MaxIndex >= first && MaxIndex < end);
+    }
+
     bool FFollowed = false;  ///< the vector tells of its changes
     int FKnown = 0;          ///< range and indexes are those of a scan over so many values; -1: not known
 };

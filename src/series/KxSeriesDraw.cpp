@@ -105,9 +105,7 @@ std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas)
         // What stands beside the clip reaches into it by the width of the pen.
         const int reach = 4 + 2 * std::clamp(pen.Width, 0, WidestReach);
         const TRect clip = canvas.ClipRect();
-        const int left = AddPixels(clip.Left, -reach), right = AddPixels(clip.Right, reach);
-        if (!FDrawnLine.IsCurrent || FDrawnLine.Left != left || FDrawnLine.Right != right)
-            FDrawnLine = {line->Points(left, right), left, right, true};
+        line->Draw(AddPixels(clip.Left, -reach), AddPixels(clip.Right, reach), FDrawnLine);
         return FDrawnLine.Points;
     }
     return Points().Values();

@@ -145,6 +145,8 @@ void TKxSeries::CalculatePoints()
     }
     if (HasNewScaling(FX) || HasNewScaling(FY))
         FChildsNeedRecalc = true;
+    if (FX.HasMoved() || FY.HasMoved())
+        FDrawnLine.Forget();
     FX.Mapping = FX.Axis->Mapping();
     FY.Mapping = FY.Axis->Mapping();
     if (HasOwnPointRule())
@@ -152,32 +154,43 @@ void TKxSeries::CalculatePoints()
             CalculatePoint(i);
     else
         FPoints.Clear();
-    FDrawnLine.IsCurrent = false;
     FPointsNeedRecalc = false;
 }
 
 void TKxSeries::AddNewPoints(bool isX, int first)
 {
-    const bool ownRule = HasOwnPointRule();
-    const auto follow = [this, ownRule](bool x, int i) {
-        if (ownRule)
-            x ? CalcXValue(i) : CalcYValue(i);
-        else
-            x ? TKxSeries::CalcXValue(i) : TKxSeries::CalcYValue(i);
-    };
     const int last = FPointsCount - 1;  // the changed point itself, which its own direction handles later
+    if (first == last && !HasOwnPointRule())
+        return isX ? TKxSeries::CalcYValue(last) : TKxSeries::CalcXValue(last);
+    if (!HasOwnPointRule()) {
+        FollowNewValues(!isX, first, last + 1);
+        return FollowNewValues(isX, first, last);
+    }
     for (int i = first; i <= last; ++i)
-        follow(!isX, i);
+        isX ? CalcYValue(i) : CalcXValue(i);
     for (int i = first; i < last; ++i)
-        follow(isX, i);
-    for (int i = first; ownRule && i < last; ++i)
+        isX ? CalcXValue(i) : CalcYValue(i);
+    for (int i = first; i < last; ++i)
         CalculatePoint(i);
+}
+
+void TKxSeries::FollowNewValues(bool isX, int first, int end)
+{
+    TKxSeriesDirection& direction = isX ? FX : FY;
+    if (first >= end)
+        return;
+    if (direction.NeedsScan(first, end))
+        isX ? GetNewXStartStop() : GetNewYStartStop();
+    else if (direction.WidenAll(first, end))
+        Modified();
 }
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
     FChildsNeedRecalc = true;
-    FDrawnLine.IsCurrent = false;
+    FDrawnLine.ValueChanged(index, wasDeleted);
+    const bool isCurrent = FDrawnLine.IsCurrent;
+    FHasTold = false;
     if (const TKxSeriesDirection& changed = isX ? FX : FY; changed.Data)
         changed.Known.ValueChanged(*changed.Data, index, wasDeleted);
     const int before = FPointsCount;
@@ -192,10 +205,12 @@ void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
         CalcXValue(index);
     else
         CalcYValue(index);
-    CalculatePoint(index);
-    if (FX.HasMoved() || FY.HasMoved())
-        FPointsNeedRecalc = true;  // the others were made with another mapping
-    if (World())
+    if (index < FPoints.GetCount() || HasOwnPointRule())
+        CalculatePoint(index);
+    if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
+        FPointsNeedRecalc = true;      // the others were made with another mapping
+    FDrawnLine.IsCurrent = isCurrent;  // a range that widens makes no point another
+    if (World() && !FHasTold)
         World()->Invalidate();
 }
 

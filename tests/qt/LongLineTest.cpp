@@ -195,12 +195,17 @@ TEST_F(TLongLine, FollowsChangesWhetherItHearsOfThemOrNot)
             other->SetXAxis(Graph->GetPrimaryXAxis());
             other->SetXData(X);
         }
-        for (int step = 0; step < 40; ++step) {
+        Form.Picture();
+        for (TKxAxis* axis : {Graph->GetPrimaryXAxis(), Graph->GetPrimaryYAxis()}) {
+            axis->SetStopEnd(isHeard ? AxFixed : AxAutoRange);
+            axis->SetStop(axis->GetStop() * 1.1);
+        }
+        for (int step = 0; step < 60; ++step) {
             const int count = Y->GetCount(), at = static_cast<int>(random() % static_cast<unsigned>(count));
             switch (random() % 6) {
                 case 0:
-                    X->Add(X->GetValue(count - 1) + 1000);
-                    Y->Add(700);
+                    X->Add(X->GetValue(count - 1) + (random() % 2 ? 0.5 : 200));
+                    Y->Add(random() % 4 ? 700 : NAN);
                     break;
                 case 1:
                     Y->SetValue(at, random() % 2 ? NAN : 900);
