@@ -4,6 +4,26 @@
 
 namespace plotkit {
 
+struct TKxValueIChangedList::TCall
+{
+    explicit TCall(TEntries& entries) : Entries(entries) { ++Entries.Calls; }
+    TCall(const TCall&) = delete;
+    TCall& operator=(const TCall&) = delete;
+    ~TCall()
+    {
+        if (--Entries.Calls == 0 && Entries.IsLeft)
+            std::default_delete<TEntries>()(&Entries);
+    }
+
+    TEntries& Entries;
+};
+
+TKxValueIChangedList::~TKxValueIChangedList()
+{
+    FEntries->IsListGone = true;
+    LeaveEntries();
+}
+
 void TKxValueIChangedList::Add(const TKxValueIChangedEvent& event)
 {
     const TKxValueIChangedEvent added = event;  // may be an entry of this list
@@ -13,33 +33,49 @@ void TKxValueIChangedList::Add(const TKxValueIChangedEvent& event)
 
 void TKxValueIChangedList::Remove(const TKxValueIChangedEvent& event)
 {
-    const auto found = std::find_if(FEntries->begin(), FEntries->end(),
+    const auto& items = FEntries->Items;
+    const auto found = std::find_if(items.begin(), items.end(),
                                     [&event](const TKxValueIChangedEvent& entry) { return entry.SameHandler(event); });
-    if (found == FEntries->end())
+    if (found == items.end())
         return;
-    const auto place = found - FEntries->begin();
-    TEntries& entries = Writable();
+    const auto place = found - items.begin();
+    auto& entries = Writable();
     entries.erase(entries.begin() + place);
 }
 
 void TKxValueIChangedList::Call(int i, bool wasDeleted) const
 {
-    const std::shared_ptr<const TEntries> entries = FEntries;
-    for (const TKxValueIChangedEvent& entry : *entries)
-        if (entries == FEntries || Contains(entry))
+    const TCall call(*FEntries);
+    for (const TKxValueIChangedEvent& entry : call.Entries.Items) {
+        if (call.Entries.IsListGone)
+            return;
+        if (!call.Entries.IsLeft || Contains(entry))
             entry(i, wasDeleted);
+    }
 }
 
-TKxValueIChangedList::TEntries& TKxValueIChangedList::Writable()
+std::vector<TKxValueIChangedEvent>& TKxValueIChangedList::Writable()
 {
-    if (FEntries.use_count() > 1)
-        FEntries = std::make_shared<TEntries>(*FEntries);
-    return *FEntries;
+    if (FEntries->Calls > 0) {
+        auto copy = std::make_unique<TEntries>();
+        copy->Items = FEntries->Items;
+        LeaveEntries();
+        FEntries = std::move(copy);
+    }
+    return FEntries->Items;
+}
+
+void TKxValueIChangedList::LeaveEntries()
+{
+    if (FEntries->Calls == 0)
+        return;
+    FEntries->IsLeft = true;
+    static_cast<void>(FEntries.release());
 }
 
 bool TKxValueIChangedList::Contains(const TKxValueIChangedEvent& event) const
 {
-    return std::find(FEntries->begin(), FEntries->end(), event) != FEntries->end();
+    return std::find(FEntries->Items.begin(), FEntries->Items.end(), event) != FEntries->Items.end();
 }
 
 }  // namespace plotkit

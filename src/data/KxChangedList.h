@@ -16,24 +16,37 @@ using TKxValueIChangedEvent = TEvent<int, bool>;
 class TKxValueIChangedList
 {
 public:
+    TKxValueIChangedList() = default;
+    TKxValueIChangedList(const TKxValueIChangedList&) = delete;
+    TKxValueIChangedList& operator=(const TKxValueIChangedList&) = delete;
+    ~TKxValueIChangedList();
+
     /// Takes the first entry with the same handler out and appends `event`.
     void Add(const TKxValueIChangedEvent& event);
     /// Takes out the first entry with the same handler, of whatever object.
     void Remove(const TKxValueIChangedEvent& event);
-    void Clear() { FEntries = std::make_shared<TEntries>(); }
-    int GetCount() const { return static_cast<int>(FEntries->size()); }
-    const TKxValueIChangedEvent& GetItem(int i) const { return FEntries->at(static_cast<std::size_t>(i)); }
+    void Clear() { Writable().clear(); }
+    int GetCount() const { return static_cast<int>(FEntries->Items.size()); }
+    const TKxValueIChangedEvent& GetItem(int i) const { return FEntries->Items.at(static_cast<std::size_t>(i)); }
 
     /// Calls everybody in order. Those who join meanwhile are not called, those who leave before their turn neither.
     void Call(int i, bool wasDeleted) const;
 
 private:
-    using TEntries = std::vector<TKxValueIChangedEvent>;
-    TEntries& Writable();
+    /// Calls that run hold on to the entries they began with; the last of them frees entries that the list has left.
+    struct TEntries
+    {
+        std::vector<TKxValueIChangedEvent> Items;
+        int Calls = 0;
+        bool IsLeft = false, IsListGone = false;
+    };
+    struct TCall;
+
+    std::vector<TKxValueIChangedEvent>& Writable();
+    void LeaveEntries();
     bool Contains(const TKxValueIChangedEvent& event) const;
 
-    /// A call that runs holds on to the entries it began with.
-    std::shared_ptr<TEntries> FEntries = std::make_shared<TEntries>();
+    std::unique_ptr<TEntries> FEntries = std::make_unique<TEntries>();
 };
 
 }  // namespace plotkit

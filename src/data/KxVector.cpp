@@ -12,6 +12,7 @@ namespace {
 
 constexpr int MaxCount = std::numeric_limits<int>::max() - 1;
 constexpr int SmallestIncrement = 50;
+constexpr std::size_t MostAhead = 512;
 
 constexpr std::array RealVectorProperties{
     Property<&TKxRealVector::GetPersistentValues, &TKxRealVector::SetPersistentValues>("PersistentValues"),
@@ -51,7 +52,7 @@ void TKxCustomRealVector::SetValue(int i, double value)
     if (i < 0 || i >= MaxCount)
         RaiseOutOfRange(i);
     CheckCount(i + 1);
-    FValues.Write()[i] = value;
+    Write()[i] = value;
 }
 
 void TKxCustomRealVector::ReserveFor(int n)
@@ -60,12 +61,12 @@ void TKxCustomRealVector::ReserveFor(int n)
         FCapacity = SumOf(n, FIncrement);
 }
 
-void TKxCustomRealVector::CheckCount(int n)
+void TKxCustomRealVector::GrowFor(int n)
 {
     ReserveFor(n);
-    if (FValues.Length() < static_cast<std::size_t>(n))
-        FValues.Resize(static_cast<std::size_t>(n));
-    FCount = std::max(FCount, n);
+    const auto needed = static_cast<std::size_t>(n);
+    if (FValues.Length() < needed)
+        FValues.Resize(needed + std::min(needed / 8, MostAhead));
 }
 
 void TKxCustomRealVector::Replace(TKxRealArray values)
@@ -73,6 +74,7 @@ void TKxCustomRealVector::Replace(TKxRealArray values)
     if (values.Length() > MaxCount)
         RaiseOutOfRange(MaxCount);
     FValues = std::move(values);
+    ++FVersion;
     FCount = static_cast<int>(FValues.Length());
     ReserveFor(FCount);
 }
@@ -87,6 +89,7 @@ void TKxCustomRealVector::Refill(TKxRealArray values)
         std::copy(FValues.Read() + count, FValues.Read() + held, values.Write() + count);
     }
     FValues = std::move(values);
+    ++FVersion;
     FCount = static_cast<int>(count);
     while (FCapacity <= FCount)
         FCapacity = SumOf(FCapacity, FIncrement);
@@ -163,10 +166,9 @@ void TKxRealVector::Append(std::span<const double> values)
     // The values may be this vector's own: growing moves them.
     const bool own = values.data() >= held.data() && values.data() < held.data() + held.size();
     const auto offset = own ? values.data() - held.data() : 0;
-    const TKxRealArray kept = own ? Array() : TKxRealArray();
-    const double* const source = own ? kept.Read() + offset : values.data();
     CheckCount(static_cast<int>(first + values.size()));
-    std::copy_n(source, values.size(), Write() + first);
+    double* const all = Write();
+    std::copy_n(own ? all + offset : values.data(), values.size(), all + first);
     BulkChanged(GetCount() - 1, false);
 }
 

@@ -42,17 +42,33 @@ public:
     const TKxRealArray& Array() const { return FValues; }
 
     TKxValueIChangedList& ChangedList() { return FChangedList; }
+    /// Tells whether elements that were there have changed since: it grows with every change, by one for each
+    /// `SetValue` and `Append`, so that those who count the notes see whether they heard of all.
+    std::uint64_t Version() const { return FVersion; }
 
 protected:
     /// Makes sure that `Count` is at least `n`; capacity grows to `n` + `Increment` when `n` reaches it.
-    void CheckCount(int n);
+    void CheckCount(int n)
+    {
+        if (n >= FCapacity || static_cast<std::size_t>(n) > FValues.Length())
+            GrowFor(n);
+        FCount = n > FCount ? n : FCount;
+    }
     /// Lowers the count; storage is kept.
-    void DropTo(int n) { FCount = n < 0 ? 0 : n; }
+    void DropTo(int n)
+    {
+        FCount = n < 0 ? 0 : n;
+        ++FVersion;
+    }
     /// Replaces all elements; what lay behind them is zero afterwards. ERangeError beyond 2^31 - 2 elements.
     void Replace(TKxRealArray values);
     /// Count and storage as after setting the values one by one from a count of 0: elements behind them stay.
     void Refill(TKxRealArray values);
-    double* Write() { return FValues.Write(); }
+    double* Write()
+    {
+        ++FVersion;
+        return FValues.Write();
+    }
 
     void ResizeStorage(int capacity);
     void StoreIncrement(int increment) { FIncrement = increment; }
@@ -60,9 +76,11 @@ protected:
 private:
     [[noreturn]] static void RaiseOutOfRange(int i);
     void ReserveFor(int n);
+    void GrowFor(int n);
 
     TKxRealArray FValues;  ///< elements that were ever written; the rest of the capacity is zero
     TKxValueIChangedList FChangedList;
+    std::uint64_t FVersion = 0;
     int FCount = 0;
     int FCapacity = 50;
     int FIncrement = 50;

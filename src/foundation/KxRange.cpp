@@ -15,47 +15,6 @@ constexpr std::array RangeProperties{
 
 constinit const TClassInfo TRange::Class{"TRange", &TPersistent::Class, RangeProperties};
 
-void TRange::SetStart(double value)
-{
-    FStart = value;
-    DoOnChanged();
-}
-
-void TRange::SetStop(double value)
-{
-    FStop = value;
-    DoOnChanged();
-}
-
-void TRange::SetStartStop(double start, double stop)
-{
-    FStart = start;
-    FStop = stop;
-    DoOnChanged();
-}
-
-void TRange::Reset()
-{
-    FStart = 1.7e308;
-    FStop = -1.7e308;
-}
-
-TRangeChangedResult TRange::IfRangeChanged(double value)
-{
-    TRangeChangedResult result = rgNotChanged;
-    if (value < FStart) {
-        FStart = value;
-        result = rgMinChanged;
-    }
-    if (value > FStop) {
-        FStop = value;
-        result = result == rgMinChanged ? rgBothChanged : rgMaxChanged;
-    }
-    if (result != rgNotChanged)
-        DoOnChanged();
-    return result;
-}
-
 void TRange::Assign(const TPersistent& source)
 {
     const auto* range = dynamic_cast<const TRange*>(&source);

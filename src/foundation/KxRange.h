@@ -45,15 +45,31 @@ public:
     double GetStart() const { return FStart; }
     double GetStop() const { return FStop; }
     /// The setters notify even when nothing changes.
-    void SetStart(double value);
-    void SetStop(double value);
+    void SetStart(double value) { SetStartStop(value, FStop); }
+    void SetStop(double value) { SetStartStop(FStart, value); }
     /// Sets both and notifies once.
-    void SetStartStop(double start, double stop);
+    void SetStartStop(double start, double stop)
+    {
+        FStart = start;
+        FStop = stop;
+        DoOnChanged();
+    }
 
     /// Start = 1.7e308, Stop = -1.7e308, without notification.
-    void Reset();
+    void Reset()
+    {
+        FStart = 1.7e308;
+        FStop = -1.7e308;
+    }
     /// Widens the range to include `value`; notifies once when that moved an end.
-    TRangeChangedResult IfRangeChanged(double value);
+    TRangeChangedResult IfRangeChanged(double value)
+    {
+        const bool isMin = value<FStart, isMax = value> FStop;
+        if (!isMin && !isMax)
+            return rgNotChanged;
+        SetStartStop(isMin ? value : FStart, isMax ? value : FStop);
+        return isMin && isMax ? rgBothChanged : isMin ? rgMinChanged : rgMaxChanged;
+    }
     /// Start and Stop of another range, with notification; the listener is not copied.
     /// EConvertError "Cannot be assigned to TRange" from anything else.
     void Assign(const TPersistent& source) override;

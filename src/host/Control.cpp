@@ -63,7 +63,8 @@ TControl& TControl::Root()
 
 TWindowControl* TControl::RootWindow()
 {
-    return dynamic_cast<TWindowControl*>(&Root());
+    // What others stand in is a window. Every change of live data comes here.
+    return FParent ? static_cast<TWindowControl*>(&Root()) : dynamic_cast<TWindowControl*>(this);
 }
 
 void TControl::SetParent(TWindowControl* parent)

@@ -1,6 +1,8 @@
 #include <algorithm>
 #include <cmath>
 
+#include "host/PixelMath.h"
+#include "qt/KxPixelLines.h"
 #include "qt/KxQtDevice.h"
 #include "qt/KxQtLines.h"
 
@@ -108,6 +110,13 @@ void TQtDevice::Polyline(std::span<const TPoint> points, const TPenState& pen, c
 
 void TQtDevice::ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode)
 {
+    if (QImage* const image = mode == dmCopy && !IsDashed(pen.Style) ? WritableImage() : nullptr) {
+        const TPoint origin = OriginInImage();
+        const TRect clip = MoveBox(FState->Clip, origin).Intersected({0, 0, image->width(), image->height()});
+        if (!clip.IsEmpty())
+            TPixelLines(*image, clip, QtColor(pen.Color).rgba()).Polyline(points, origin);
+        return;
+    }
     SetStroke(pen, Qt::SquareCap);
     if (AnyFar(points)) {
         for (const QPolygonF& part : CutPolyline(Centres(points, 0)))

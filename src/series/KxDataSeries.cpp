@@ -64,7 +64,7 @@ void TKxDataSeries::DrawPoints()
 
 void TKxDataSeries::DrawMarks(TCanvas& canvas)
 {
-    DrawSymbols(FPoints.Values(), canvas);
+    DrawSymbols(Points().Values(), canvas);
 }
 
 void TKxDataSeries::DrawSymbols(std::span<const TPoint> points, TCanvas& canvas)

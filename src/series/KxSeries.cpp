@@ -32,13 +32,32 @@ TKxValueIChangedEvent YEvent(TKxSeries* series)
 
 constinit const TClassInfo TKxSeries::Class{"TKxSeries", &TComponent::Class, SeriesProperties};
 
-TKxSeries::TKxSeries(TComponent* owner) : TKxCaptionedSeries(owner)
+/// While designing, the graph and its legends follow the order of the series on the form.
+class TKxOrderWatch
+{
+public:
+    explicit TKxOrderWatch(const TKxSeries& series) : FSeries(series), FLastIndex(series.ComponentIndex()) {}
+
+private:
+    void Look()
+    {
+        const int index = FSeries.ComponentIndex();
+        if (std::exchange(FLastIndex, index) == index || !FSeries.GetXAxis())
+            return;
+        if (TKx2DGraph* const graph = GraphOf(*FSeries.GetXAxis()))
+            graph->Modified();
+    }
+
+    const TKxSeries& FSeries;
+    int FLastIndex;
+    TTimer FTimer{OrderInterval, TEvent<>::Bind<&TKxOrderWatch::Look>(this)};
+};
+
+TKxSeries::TKxSeries(TComponent* owner) : TKxStyledSeries(owner)
 {
     FAreaStyle.SetVisible(false);
-    if (!IsDesigning() || !dynamic_cast<TControl*>(owner))
-        return;
-    FLastComponentIndex = ComponentIndex();
-    FOrderTimer = std::make_unique<TTimer>(OrderInterval, TEvent<>::Bind<&TKxSeries::TestOrder>(this));
+    if (IsDesigning() && dynamic_cast<TControl*>(owner))
+        FOrderWatch = std::make_unique<TKxOrderWatch>(*this);
 }
 
 TKxSeries::~TKxSeries()
@@ -188,6 +207,8 @@ void TKxSeries::FOnWeightChanged(int, bool)
 void TKxSeries::Modified()
 {
     FPointsNeedRecalc = true;
+    FHasTold = true;
+    FDrawnLine.Forget();
     UpdateLegend();
     if (World())
         World()->Invalidate();
@@ -220,7 +241,7 @@ void TKxSeries::DsgnUpdate()
 
 void TKxSeries::Loaded()
 {
-    TKxCaptionedSeries::Loaded();
+    TKxStyledSeries::Loaded();
     // An axis may have got its parent after it was linked.
     for (const TKxSeriesDirection* direction : {&FX, &FY}) {
         TKx2DGraph* const graph = direction->Axis ? GraphOf(*direction->Axis) : nullptr;
@@ -232,7 +253,7 @@ void TKxSeries::Loaded()
 
 void TKxSeries::Notification(TComponent* component, TOperation operation)
 {
-    TKxCaptionedSeries::Notification(component, operation);
+    TKxStyledSeries::Notification(component, operation);
     if (operation != opRemove)
         return;
     for (TKxPlottable* const child : std::vector(FChilds.Items()))
@@ -261,16 +282,6 @@ void TKxSeries::Notification(TComponent* component, TOperation operation)
     if (!dataGone)
         return;
     CalculatePoints();
-    if (TKx2DGraph* const graph = Graph())
-        graph->Modified();
-}
-
-void TKxSeries::TestOrder()
-{
-    const int index = ComponentIndex();
-    if (index == FLastComponentIndex)
-        return;
-    FLastComponentIndex = index;
     if (TKx2DGraph* const graph = Graph())
         graph->Modified();
 }

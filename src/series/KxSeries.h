@@ -4,16 +4,16 @@
 #include <memory>
 
 #include "data/KxPointVector.h"
-#include "graph/KxStyles.h"
-#include "series/KxCaptionedSeries.h"
+#include "series/KxLineReduction.h"
 #include "series/KxSeriesDirection.h"
+#include "series/KxStyledSeries.h"
 
 namespace plotkit {
 
 class TKx2DGraph;
-class TTimer;
+class TKxOrderWatch;
 
-class TKxSeries : public TKxCaptionedSeries
+class TKxSeries : public TKxStyledSeries
 {
 public:
     explicit TKxSeries(TComponent* owner);
@@ -37,12 +37,6 @@ public:
     virtual TKxCustomRealVector* GetWeight() const { return FWeight; }
     virtual void SetWeight(TKxCustomRealVector* vector);
 
-    TKxLineStyle& GetLineStyle() { return FLineStyle; }
-    void SetLineStyle(const TKxLineStyle& style) { FLineStyle.Assign(style); }
-    TKxAreaStyle& GetAreaStyle() { return FAreaStyle; }
-    void SetAreaStyle(const TKxAreaStyle& style) { FAreaStyle.Assign(style); }
-    TColor BackColor() const { return FBackColor; }  ///< what an exclusive-or fill takes for the background
-
     TRange& XRange() { return FX.Range; }
     TRange& YRange() { return FY.Range; }
     int XMinIndex() const { return FX.MinIndex; }
@@ -50,8 +44,9 @@ public:
     int YMinIndex() const { return FY.MinIndex; }
     int YMaxIndex() const { return FY.MaxIndex; }
     int PointsCount() const { return FPointsCount; }
-    /// Device pixels from the data rectangle's top left corner, MissingPoint where a value is missing.
-    const TKxPointVector& Points() const { return FPoints; }
+    /// Device pixels from the data rectangle's top left corner, MissingPoint where a value is missing; made when first
+    /// asked for.
+    const TKxPointVector& Points() const;
     bool PointsNeedRecalc() const { return FPointsNeedRecalc; }
     bool RangesNeedRecalc() const { return FRangesNeedRecalc; }
     bool ChildsNeedRecalc() const { return FChildsNeedRecalc; }
@@ -93,16 +88,14 @@ public:
 
     void WriteToIni(TKxIniList& list, const std::string& section) override;
     void ReadFromIni(TKxIniList& list, const std::string& section) override;
-    const TKxLineStyle* SampleLine() const override { return &FLineStyle; }
-    const TKxAreaStyle* SampleArea() const override { return &FAreaStyle; }
     void Loaded() override;
 
 protected:
-    /// The points that both vectors have; sizes `Points`.
+    /// The points that both vectors have.
     virtual void SetPointsCount();
     /// How many values range scanning looks at.
-    virtual int XIdxNeeded() const;
-    virtual int YIdxNeeded() const;
+    virtual int XIdxNeeded() const { return std::min(FX.Count(), FPointsCount); }
+    virtual int YIdxNeeded() const { return std::min(FY.Count(), FPointsCount); }
     /// Ranges from all values.
     virtual void GetNewXStartStop();
     virtual void GetNewYStartStop();
@@ -110,12 +103,12 @@ protected:
     virtual void CalcXValue(int index);
     virtual void CalcYValue(int index);
     virtual void CalculatePoint(int index);
-    /// All points, whose count and ranges are known.
+    /// All points of a class with a rule of its own, whose count and ranges are known.
     virtual void CalculateAllPoints();
     /// Points `first` up to, not including, `end` from the values alone.
-    void MapPoints(int first, int end);
-    /// Whether the class overrides one of `CalcXValue`, `CalcYValue` and `CalculatePoint`; otherwise all points are
-    /// made in one go.
+    void MapPoints(int first, int end) const;
+    /// Whether the class overrides one of `CalcXValue`, `CalcYValue` and `CalculatePoint`: each change then makes its
+    /// points, which otherwise are made in one go and on demand.
     virtual bool HasOwnPointRule() const { return false; }
 
     void Notification(TComponent* component, TOperation operation) override;
@@ -128,34 +121,32 @@ protected:
     void AttachToGraph(TKx2DGraph& graph);
 
     TKxSeriesDirection FX, FY;
-    TKxPointVector FPoints;
+    mutable TKxPointVector FPoints;  ///< those made so far; `BringPointsUpToDate` makes all
     int FPointsCount = 0;
 
 private:
     void LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis);
     void ValueChanged(bool isX, int index, bool wasDeleted);
     void AddNewPoints(bool isX, int first);
+    void FollowNewValues(bool isX, int first, int end);
+    bool CalculateIfNeeded();
+    std::optional<TKxLineReduction> LongLine() const;
     bool LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vector, const TKxValueIChangedEvent& event);
     void DataLinked();
-    /// False when the points have to wait for the axes to take over new ranges.
     bool RenewRanges();
-    /// An error that stays the same is passed on once: each paint of live data would bring it up again.
     void BringChildsUpToDate();
     void DrawArea(TCanvas& canvas);
     void DrawPolylines(TCanvas& canvas);
-    void TestOrder();
+    std::span<const TPoint> LinePoints(const TCanvas& canvas);
 
     TKxCustomRealVector* FWeight = nullptr;
     TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
-    TKxLineStyle FLineStyle{this};
-    TKxAreaStyle FAreaStyle{this};
-    std::unique_ptr<TTimer> FOrderTimer;
+    std::unique_ptr<TKxOrderWatch> FOrderWatch;
+    TKxDrawnLine FDrawnLine;
     TKxSeriesList FChilds;
     std::string FChildError;  ///< passed on last
-    TColor FBackColor = clWindow;
-    int FLastComponentIndex = -1;
-    bool FPointsNeedRecalc = true;
-    bool FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FPointsNeedRecalc = true, FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FHasTold = false;     ///< of the change that is being followed
     bool FAwaitsAxes = false;  ///< new ranges went to the axes, points come with the next paint
 };
 

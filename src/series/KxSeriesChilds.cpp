@@ -45,6 +45,7 @@ void TKxSeries::RecalculateChilds()
         std::rethrow_exception(first);
 }
 
+/// An error that stays the same is passed on once: each paint of live data would bring it up again.
 void TKxSeries::BringChildsUpToDate()
 {
     try {

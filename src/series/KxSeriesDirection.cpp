@@ -10,31 +10,28 @@ namespace plotkit {
 void TKxSeriesDirection::SetData(TKxCustomRealVector* data)
 {
     Data = data;
+    Known.Clear();
     FFollowed = dynamic_cast<TKxLiveVector*>(data) != nullptr;
     Forget();
 }
 
+TKxAxisMapping TKxSeriesDirection::PointMapping() const
+{
+    return Mapping ? *Mapping : Axis->Mapping();
+}
+
 void TKxSeriesDirection::Scan(int count)
 {
-    MinIndex = MaxIndex = -1;
-    double min = 1.7e308, max = -1.7e308;
-    const std::span<const double> values = Data ? Data->Values() : std::span<const double>();
-    const int end = std::min(count, Count());
-    for (int i = 0; i < end; ++i) {
-        const double value = values[static_cast<std::size_t>(i)];
-        if (!std::isfinite(value))
-            continue;
-        if (value < min) {
-            min = value;
-            MinIndex = i;
-        }
-        if (value > max) {
-            max = value;
-            MaxIndex = i;
-        }
-    }
+    const int end = std::clamp(count, 0, Count());
+    TKxPlacedExtremes found;
+    if (end > TKxKnownValues::Few)
+        found = Known.Extremes(*Data, end);
+    else if (Data)
+        found = PlacedExtremesOf(Data->Values().first(static_cast<std::size_t>(end)));
+    MinIndex = found.MinIndex;
+    MaxIndex = found.MaxIndex;
     FKnown = count;
-    Range.SetStartStop(min, max);
+    Range.SetStartStop(found.Min, found.Max);
 }
 
 bool TKxSeriesDirection::HasValues(int count) const
@@ -78,6 +75,34 @@ bool TKxSeriesDirection::Widen(int index)
     if (moved == rgMaxChanged || moved == rgBothChanged)
         MaxIndex = index;
     return moved != rgNotChanged;
+}
+
+bool TKxSeriesDirection::WidenAll(int first, int end)
+{
+    end = std::min(end, Count());
+    if (first < 0 || first >= end)
+        return false;
+    const double start = Range.GetStart(), stop = Range.GetStop();
+    if (FKnown >= end) {
+        const bool holds = HoldsExtreme(first, end);
+        if (holds)
+            Range.SetStartStop(start, stop);
+        return holds;
+    }
+    FKnown = first <= FKnown ? end : -1;
+    const auto values = Data->Values().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first));
+    const TKxPlacedExtremes found = PlacedExtremesOf(values);
+    // A scan would take the first of two equal extremes.
+    if ((found.Min == start && first < MinIndex) || (found.Max == stop && first < MaxIndex))
+        Forget();
+    if (found.Min < start)
+        MinIndex = first + found.MinIndex;
+    if (found.Max > stop)
+        MaxIndex = first + found.MaxIndex;
+    const bool hasMoved = found.Min < start || found.Max > stop;
+    if (hasMoved)
+        Range.SetStartStop(std::min(start, found.Min), std::max(stop, found.Max));
+    return hasMoved;
 }
 
 bool TKxSeriesDirection::HasMoved() const

@@ -5,9 +5,9 @@
 #include <optional>
 #include <span>
 
-#include "data/KxVector.h"
 #include "foundation/KxRange.h"
 #include "graph/KxAxisMapping.h"
+#include "series/KxKnownValues.h"
 
 namespace plotkit {
 
@@ -22,8 +22,11 @@ struct TKxSeriesDirection
     int MinIndex = -1;  ///< the point that holds the smallest value, -1 for none
     int MaxIndex = -1;
     std::optional<TKxAxisMapping> Mapping;  ///< what the points were made with
+    mutable TKxKnownValues Known;           ///< of the vector
 
     int Count() const { return Data ? Data->GetCount() : 0; }
+    /// What points are made with.
+    TKxAxisMapping PointMapping() const;
     bool IsEmptyRange() const { return Range.GetStart() > Range.GetStop(); }
 
     /// Stores the vector; what was known of the old one's values is forgotten.
@@ -40,6 +43,11 @@ struct TKxSeriesDirection
     bool RenewExtreme(int index, int count);
     /// Widens the range to include value `index`; true when an end moved.
     bool Widen(int index);
+    /// The same for values [first, end) at once; the listener is told once. Of values that are known already, ends that
+    /// stand there count as moved.
+    bool WidenAll(int first, int end);
+    /// Whether that takes a scan of all values: an extreme among them may have moved inward.
+    bool NeedsScan(int first, int end) const { return HoldsExtreme(first, end) && FKnown < end; }
     /// Whether the points were made with another mapping than the axis has now.
     bool HasMoved() const;
     /// Registers the range with the axis.
@@ -47,6 +55,11 @@ struct TKxSeriesDirection
     void LeaveAxis();
 
 private:
+    bool HoldsExtreme(int first, int end) const
+    {
+        return (MinIndex >= first && MinIndex < end) || (MaxIndex >= first && MaxIndex < end);
+    }
+
     bool FFollowed = false;  ///< the vector tells of its changes
     int FKnown = 0;          ///< range and indexes are those of a scan over so many values; -1: not known
 };

@@ -4,6 +4,8 @@
 #include "graph/KxAxis.h"
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
+#include "host/PenPattern.h"
+#include "host/PixelMath.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -11,6 +13,7 @@ namespace plotkit {
 namespace {
 
 constexpr std::size_t LongestPiece = 2000;
+constexpr int WidestReach = 100000;
 
 /// Calls `draw` for each longest run of at least two points that are not missing.
 template <class TDraw>
@@ -27,11 +30,19 @@ void ForEachRun(std::span<const TPoint> points, TDraw draw)
 
 }  // namespace
 
-bool TKxSeries::BringPointsUpToDate()
+bool TKxSeries::CalculateIfNeeded()
 {
     if (FPointsNeedRecalc || FX.HasMoved() || FY.HasMoved())
         CalculatePoints();
     return !FAwaitsAxes && FX.Axis && FY.Axis;
+}
+
+bool TKxSeries::BringPointsUpToDate()
+{
+    const bool isDone = CalculateIfNeeded();
+    if (isDone)
+        Points();
+    return isDone;
 }
 
 bool TKxSeries::PrepareDrawing()
@@ -40,7 +51,7 @@ bool TKxSeries::PrepareDrawing()
         return false;
     {
         const TKxGraphUpdate update(Graph());
-        BringPointsUpToDate();
+        CalculateIfNeeded();
         // Children look at the axes, which take over new ranges first.
         if (FChildsNeedRecalc && !FAwaitsAxes)
             BringChildsUpToDate();
@@ -71,7 +82,7 @@ void TKxSeries::DrawArea(TCanvas& canvas)
     canvas.Brush.SetStyle(FAreaStyle.GetStyle());
     const int zero = FY.Axis->RealToIntPosition(0);
     std::vector<TPoint> outline;
-    ForEachRun(FPoints.Values(), [&](std::span<const TPoint> run) {
+    ForEachRun(Points().Values(), [&](std::span<const TPoint> run) {
         outline.assign(run.begin(), run.end());
         outline.push_back({run.back().X, zero});
         outline.push_back({run.front().X, zero});
@@ -80,12 +91,26 @@ void TKxSeries::DrawArea(TCanvas& canvas)
     canvas.Pen.Mode = dmCopy;
 }
 
+std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas)
+{
+    const TPenState pen = canvas.DevicePen();
+    const TDrawState state = canvas.DeviceState();
+    if (const auto line = !IsDashed(pen.Style) && state.Mode == dmCopy ? LongLine() : std::nullopt) {
+        // What stands beside the clip reaches into it by the width of the pen.
+        const int reach = 4 + 2 * std::clamp(pen.Width, 0, WidestReach);
+        const TRect clip = canvas.ClipRect();
+        line->Draw(AddPixels(clip.Left, -reach), AddPixels(clip.Right, reach), FDrawnLine);
+        return FDrawnLine.Points;
+    }
+    return Points().Values();
+}
+
 void TKxSeries::DrawPolylines(TCanvas& canvas)
 {
     canvas.Pen.Style = FLineStyle.GetStyle();
     canvas.Pen.Width = FLineStyle.GetWidth() == 1 ? 0 : FLineStyle.GetWidth();
     canvas.Pen.Color = FLineStyle.GetColor();
-    ForEachRun(FPoints.Values(), [&](std::span<const TPoint> run) {
+    ForEachRun(LinePoints(canvas), [&](std::span<const TPoint> run) {
         for (std::size_t start = 0; start < run.size(); start += LongestPiece - 1)
             canvas.Polyline(run.subspan(start, std::min(LongestPiece, run.size() - start)));
     });

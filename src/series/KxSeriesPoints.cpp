@@ -27,17 +27,8 @@ TPoint DataOrigin(const TKxSeries& series)
 void TKxSeries::SetPointsCount()
 {
     FPointsCount = FX.Data && FY.Data ? std::min(FX.Count(), FY.Count()) : 0;
-    FPoints.SetCount(FPointsCount);
-}
-
-int TKxSeries::XIdxNeeded() const
-{
-    return std::min(FX.Count(), FPointsCount);
-}
-
-int TKxSeries::YIdxNeeded() const
-{
-    return std::min(FY.Count(), FPointsCount);
+    if (HasOwnPointRule() || FPoints.GetCount() > FPointsCount)
+        FPoints.SetCount(FPointsCount);
 }
 
 void TKxSeries::GetNewXStartStop()
@@ -74,7 +65,7 @@ void TKxSeries::CalcYValue(int index)
         GetNewYStartStop();
 }
 
-void TKxSeries::MapPoints(int first, int end)
+void TKxSeries::MapPoints(int first, int end) const
 {
     end = std::min({end, FPointsCount, FPoints.GetCount(), FX.Count(), FY.Count()});
     if (first < 0 || first >= end || !FX.Axis || !FY.Axis)
@@ -84,11 +75,21 @@ void TKxSeries::MapPoints(int first, int end)
     const auto xs = FX.Data->Values().subspan(from, count);
     const auto ys = FY.Data->Values().subspan(from, count);
     const auto points = FPoints.Write().subspan(from, count);
-    FX.Axis->Mapping().RealToIntX(xs, points);
-    FY.Axis->Mapping().RealToIntY(ys, points);
+    FX.PointMapping().RealToIntX(xs, points);
+    FY.PointMapping().RealToIntY(ys, points);
     for (std::size_t i = 0; i < count; ++i)
         if (!std::isfinite(xs[i]) || !std::isfinite(ys[i]))
             points[i] = MissingPoint;
+}
+
+const TKxPointVector& TKxSeries::Points() const
+{
+    const int made = FPoints.GetCount(), count = std::min({FPointsCount, FX.Count(), FY.Count()});
+    if (made < count && !HasOwnPointRule()) {
+        FPoints.SetCount(count);
+        MapPoints(made, count);
+    }
+    return FPoints;
 }
 
 void TKxSeries::CalculatePoint(int index)
@@ -99,8 +100,6 @@ void TKxSeries::CalculatePoint(int index)
 
 void TKxSeries::CalculateAllPoints()
 {
-    if (!HasOwnPointRule())
-        return MapPoints(0, FPointsCount);
     for (int i = 0; i < FPointsCount; ++i)
         CalculatePoint(i);
 }
@@ -150,37 +149,55 @@ void TKxSeries::CalculatePoints()
         if (FChilds.IndexOf(item) >= 0)
             item->Modified();
     }
-    CalculateAllPoints();
     if (HasNewScaling(FX) || HasNewScaling(FY))
         FChildsNeedRecalc = true;
+    if (FX.HasMoved() || FY.HasMoved())
+        FDrawnLine.Forget();
     FX.Mapping = FX.Axis->Mapping();
     FY.Mapping = FY.Axis->Mapping();
+    if (HasOwnPointRule())
+        CalculateAllPoints();
+    else
+        FPoints.Clear();
     FPointsNeedRecalc = false;
 }
 
 void TKxSeries::AddNewPoints(bool isX, int first)
 {
-    const bool ownRule = HasOwnPointRule();
-    const auto follow = [this, ownRule](bool x, int i) {
-        if (ownRule)
-            x ? CalcXValue(i) : CalcYValue(i);
-        else
-            x ? TKxSeries::CalcXValue(i) : TKxSeries::CalcYValue(i);
-    };
     const int last = FPointsCount - 1;  // the changed point itself, which its own direction handles later
+    if (first == last && !HasOwnPointRule())
+        return isX ? TKxSeries::CalcYValue(last) : TKxSeries::CalcXValue(last);
+    if (!HasOwnPointRule()) {
+        FollowNewValues(!isX, first, last + 1);
+        return FollowNewValues(isX, first, last);
+    }
     for (int i = first; i <= last; ++i)
-        follow(!isX, i);
+        isX ? CalcYValue(i) : CalcXValue(i);
     for (int i = first; i < last; ++i)
-        follow(isX, i);
-    if (!ownRule)
-        return MapPoints(first, last);
+        isX ? CalcXValue(i) : CalcYValue(i);
     for (int i = first; i < last; ++i)
         CalculatePoint(i);
+}
+
+void TKxSeries::FollowNewValues(bool isX, int first, int end)
+{
+    TKxSeriesDirection& direction = isX ? FX : FY;
+    if (first >= end)
+        return;
+    if (direction.NeedsScan(first, end))
+        isX ? GetNewXStartStop() : GetNewYStartStop();
+    else if (direction.WidenAll(first, end))
+        Modified();
 }
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
     FChildsNeedRecalc = true;
+    FDrawnLine.ValueChanged(index, wasDeleted);
+    const bool isCurrent = FDrawnLine.IsCurrent;
+    FHasTold = false;
+    if (const TKxSeriesDirection& changed = isX ? FX : FY; changed.Data)
+        changed.Known.ValueChanged(*changed.Data, index, wasDeleted);
     const int before = FPointsCount;
     SetPointsCount();
     if (!wasDeleted)
@@ -193,10 +210,12 @@ void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
         CalcXValue(index);
     else
         CalcYValue(index);
-    CalculatePoint(index);
-    if (FX.HasMoved() || FY.HasMoved())
-        FPointsNeedRecalc = true;  // the others were made with another mapping
-    if (World())
+    if (index < FPoints.GetCount() || HasOwnPointRule())
+        CalculatePoint(index);
+    if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
+        FPointsNeedRecalc = true;      // the others were made with another mapping
+    FDrawnLine.IsCurrent = isCurrent;  // a range that widens makes no point another
+    if (World() && !FHasTold)
         World()->Invalidate();
 }
 
@@ -230,18 +249,38 @@ double TKxSeries::IntToRealY(int pixel) const
     return FY.Axis ? FY.Axis->IntToRealPosition(SaturatePixel(std::int64_t{pixel} - DataOrigin(*this).Y)) : 0;
 }
 
+std::optional<TKxLineReduction> TKxSeries::LongLine() const
+{
+    const int count = std::min({FPointsCount, FX.Count(), FY.Count()});
+    if (count <= TKxKnownValues::Few || HasOwnPointRule() || !FX.Mapping || !FY.Mapping)
+        return std::nullopt;
+    const auto xs = FX.Data->Values().first(static_cast<std::size_t>(count));
+    // What is not positive has no order on a logarithmic axis.
+    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Known.Ascend(*FX.Data, count))
+        return std::nullopt;
+    return TKxLineReduction(xs, FY.Data->Values(), FY.Known.Pyramid(*FY.Data, count), *FX.Mapping, *FY.Mapping);
+}
+
 int TKxSeries::FindPoint(int x, int y, int tolerance) const
 {
     if (!GetShown())
         return -1;
     const std::int64_t left = std::int64_t{x} - DataOrigin(*this).X;
     const std::int64_t top = std::int64_t{y} - DataOrigin(*this).Y;
-    const auto points = FPoints.Values();
-    for (int i = std::min(FPointsCount, FPoints.GetCount()) - 1; i >= 0; --i) {
-        const TPoint point = points[static_cast<std::size_t>(i)];
-        if (point != MissingPoint && std::abs(point.X - left) <= tolerance && std::abs(point.Y - top) <= tolerance)
-            return i;
+    const auto isHit = [&](TPoint point) {
+        return point != MissingPoint && std::abs(point.X - left) <= tolerance && std::abs(point.Y - top) <= tolerance;
+    };
+    if (const auto line = FPoints.GetCount() < FPointsCount ? LongLine() : std::nullopt) {
+        const auto [first, end] = line->Range(left - tolerance, left + tolerance + 1);
+        for (std::size_t i = end; i > first; --i)
+            if (isHit(line->PointAt(i - 1)))
+                return static_cast<int>(i - 1);
+        return -1;
     }
+    const auto points = Points().Values();
+    for (std::size_t i = points.size(); i > 0; --i)
+        if (isHit(points[i - 1]))
+            return static_cast<int>(i - 1);
     return -1;
 }
 

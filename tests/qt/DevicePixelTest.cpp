@@ -8,6 +8,7 @@
 #include <vector>
 
 #include "PixelSheet.h"
+#include "qt/KxQtLines.h"
 
 namespace plotkit {
 
@@ -74,27 +75,67 @@ TEST(Line, OfWidePenFillsWholePixels)
     }
 }
 
+TEST(Polyline, SetsPixelsNearestToEachSegmentWhereverItIsCut)
+{
+    std::mt19937 random(3);
+    const auto any = [&](int reach) {
+        return static_cast<int>(random() % (2U * static_cast<unsigned>(reach))) - reach + 32;
+    };
+    for (const int reach : {20, 200, 100'000, 2'000'000'000})
+        for (int i = 0; i < 300; ++i) {
+            const std::array line{TPoint{any(reach), any(reach)}, TPoint{any(reach), any(reach)}};
+            const std::array back{line[1], line[0]};
+            TPixelSheet there, reversed;
+            there.Device().Polyline(line, Pen(), {});
+            reversed.Device().Polyline(back, Pen(), {});
+            EXPECT_TRUE(there.Image() == reversed.Image());
+            const double dx = 1.0 * line[1].X - line[0].X, dy = 1.0 * line[1].Y - line[0].Y;
+            const bool isFlat = std::abs(dx) >= std::abs(dy);
+            for (int along = 0; along < 64; ++along)
+                for (int across = 0; across < 64; ++across) {
+                    const int x = isFlat ? along : across, y = isFlat ? across : along;
+                    const bool isBeside =
+                        isFlat ? (x < std::min(line[0].X, line[1].X) || x > std::max(line[0].X, line[1].X))
+                               : (y < std::min(line[0].Y, line[1].Y) || y > std::max(line[0].Y, line[1].Y));
+                    const double off = std::abs(isFlat ? line[0].Y + (x - line[0].X) * (dy / dx) - y
+                                                       : line[0].X + (y - line[0].Y) * (dx / dy) - x);
+                    if (isBeside || off > 0.501) {
+                        EXPECT_EQ(there.Image().pixel(x, y), White);
+                    } else if (off < 0.499) {
+                        EXPECT_EQ(there.Image().pixel(x, y), Black) << dx << " " << dy;
+                    }
+                }
+        }
+}
+
 TEST(Polyline, HasBothEndsAndDroppedPointsAndPiecesLeaveNoTrace)
 {
-    TPixelSheet reduced(200, 170), full(200, 170), pieces(200, 170), one(200, 170), dot;
+    TPixelSheet whole(200, 170), segments(200, 170), all(200, 170), some(200, 170), pieces(200, 170), one(200, 170),
+        dot;
     dot.Device().Polyline(std::array{TPoint{7, 9}, TPoint{7, 9}}, Pen(), {});
     EXPECT_EQ(dot.Extent(), (TRect{7, 9, 8, 10}));
     std::mt19937 random(7);
     std::vector<TPoint> noise, wave;
-    QPolygonF noisy, wavy;
+    QPolygon noisy;
+    QPolygonF wavy;
     for (int i = 0; i < 4000; ++i) {
         noise.push_back({i / 20, 10 + static_cast<int>(random() % 150)});
-        noisy << QPointF(noise.back().X, noise.back().Y);
+        noisy << QPoint(noise.back().X, noise.back().Y);
         wave.push_back({i * 180 / 4000 + 10, 80 + static_cast<int>(std::lround(60 * std::sin(i / 111.0)))});
     }
     wave.erase(std::unique(wave.begin(), wave.end()), wave.end());
     for (const TPoint& point : wave)
         wavy << QPointF(point.X + 0.5, point.Y + 0.5);
-    reduced.Device().Polyline(noise, Pen(), {});
-    full.Painter().setPen(QPen(Qt::black, 0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    full.Painter().drawPolyline(noisy.toPolygon());
-    EXPECT_TRUE(reduced.Image() == full.Image());
-    EXPECT_EQ(reduced.Extent().Right, 200);
+    whole.Device().Polyline(noise, Pen(), {});
+    for (std::size_t i = 1; i < noise.size(); ++i)
+        segments.Device().Polyline(std::span(noise).subspan(i - 1, 2), Pen(), {});
+    EXPECT_TRUE(whole.Image() == segments.Image());
+    EXPECT_EQ(whole.Extent().Right, 200);
+    for (TPixelSheet* sheet : {&all, &some})
+        sheet->Painter().setPen(QPen(Qt::black, 0, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
+    all.Painter().drawPolyline(noisy);
+    some.Painter().drawPolyline(WithoutHiddenPoints(noise));
+    EXPECT_TRUE(some.Image() == all.Image());
     pieces.Device().Polyline(wave, Pen(psSolid, 3), {});
     one.Painter().setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
     one.Painter().drawPolyline(wavy);
