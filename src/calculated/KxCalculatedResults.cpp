@@ -4,6 +4,7 @@
 #include "calculated/KxCalculatedSeries.h"
 #include "foundation/KxLargeIni.h"
 #include "graph/KxResultLabel.h"
+#include "host/Restore.h"
 
 namespace plotkit {
 
@@ -148,8 +149,10 @@ void TKxCalculatedSeries::ReadFromIni(TKxIniList& list, const std::string& secti
     FDisplayStart = list.ReadReal(section, "DisplayStart", FDisplayStart);
     FDisplayAutoStop = list.ReadBool(section, "DisplayAutoStop", FDisplayAutoStop);
     FDisplayStop = list.ReadReal(section, "DisplayStop", FDisplayStop);
-    if (isMoved)
+    if (isMoved) {
+        const TRestore<bool> reading(FIsReading, true);
         SetParentSeries(parent);
+    }
     SettingsChanged();
 }
 

@@ -157,6 +157,7 @@ private:
     bool FCoarse = false;  ///< sampled at less than each pixel of what the axis shows
     bool FAutoStart = true, FAutoStop = true, FDisplayAutoStart = true, FDisplayAutoStop = true;
     bool FCoupled = true, FParentWeight = true;
+    bool FIsReading = false;         ///< settings are still to come: nothing is calculated before the next paint
     bool FParentWeightRead = false;  ///< a form that is being read said so itself
 };
 
