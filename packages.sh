@@ -3,7 +3,7 @@
 
 plotkit_build_packages=(g++ cmake ninja-build ccache qt6-base-dev libqt6opengl6-dev libgl1-mesa-dev libcli11-dev
     libmuparser-dev fonts-liberation)
-plotkit_test_packages=(libgtest-dev clang python3 desktop-file-utils)
+plotkit_test_packages=(libgtest-dev librapidcheck-dev clang python3 desktop-file-utils)
 
 plotkit_install() {
     local missing=()
