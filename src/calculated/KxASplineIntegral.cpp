@@ -23,11 +23,7 @@ std::string TKxASplineIntegral::CalculationID() const
 void TKxASplineIntegral::CalculateFunction()
 {
     RecalculateCoeffs();
-    GetXSpacings();
-    const auto samples = XResult().Values();
-    std::vector<double> integral;
-    FSpline.Integrate(samples, integral);
-    SetResult({samples.begin(), samples.end()}, std::move(integral));
+    GetRunningIntegral(FSpline);
 }
 
 }  // namespace plotkit

@@ -21,7 +21,7 @@ public:
 
     using TKxIntPolynom::RecalculateCoeffs;
     /// Points of weight 0 take no part, other weights make no difference. At least three abscissae have to differ.
-    /// EMathError "Floating point overflow" when slopes are beyond all doubles.
+    /// Raises what `RequireJoints` raises.
     void RecalculateCoeffs(double xMin, double xMax, std::span<const double> x, std::span<const double> y,
                            std::optional<std::span<const double>> w) override;
 

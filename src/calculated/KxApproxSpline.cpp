@@ -81,6 +81,7 @@ void TKxApproxSpline::CalcCoeffs(std::size_t n)
     CalcSmoothingSpline({x.first(n), y.first(n), FW.Span().first(n), b.first(n), c.first(n), d.first(n)});
     for (const std::span<double> values : {x, y, b, c, d})
         values[n] = values[n - 1];
+    RequireJoints(n);
 }
 
 }  // namespace plotkit

@@ -17,7 +17,7 @@ public:
     /// The curve s that makes the sum of W (y - s)^2 and the integral of s''^2 smallest, W = |w| `WeightFactor`. Points
     /// of weight 0 take part and raise "Floating point division by zero"; at least six abscissae have to differ. Beyond
     /// the last node the curve goes on straight, with the slope at the node before. Raises what `CalcSmoothingSpline`
-    /// raises.
+    /// and `RequireJoints` raise.
     void RecalculateCoeffs(double xMin, double xMax, std::span<const double> x, std::span<const double> y,
                            std::optional<std::span<const double>> w) override;
 

@@ -4,6 +4,7 @@
 #include "calculated/KxCalculatedSeries.h"
 #include "foundation/KxLargeIni.h"
 #include "graph/KxResultLabel.h"
+#include "host/Restore.h"
 
 namespace plotkit {
 
@@ -134,8 +135,10 @@ void TKxCalculatedSeries::ReadFromIni(TKxIniList& list, const std::string& secti
     const bool isMoved = list.ReadComponentRef(section, "ParentSeries", parent);
     FParentWeight = list.ReadBool(section, "ParentWeight", FParentWeight);
     ReadLimits(list, section);
-    if (isMoved)
+    if (isMoved) {
+        const TRestore<bool> reading(FIsReading, true);
         SetParentSeries(parent);
+    }
     SettingsChanged();
 }
 

@@ -74,7 +74,7 @@ void TKxCalculatedSeries::SetParentSeries(TKxNotCalculatedSeries* series)
     ClearResult();
     SetLimits();
     series->ChildModified();
-    if (series->PointsCount() > 0 && !IsLoading())
+    if (series->PointsCount() > 0 && !IsLoading() && !FIsReading)
         Calculate();
     series->DsgnUpdate();
 }

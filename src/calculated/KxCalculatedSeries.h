@@ -123,6 +123,7 @@ private:
     double FLastAxisStart = 0, FLastAxisStop = 0;
     bool FCoarse = false;  ///< sampled at less than each pixel of what the axis shows
     bool FParentWeight = true;
+    bool FIsReading = false;         ///< settings are still to come: nothing is calculated before the next paint
     bool FParentWeightRead = false;  ///< a form that is being read said so itself
 };
 

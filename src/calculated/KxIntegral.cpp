@@ -23,11 +23,7 @@ std::string TKxIntegral::CalculationID() const
 void TKxIntegral::CalculateFunction()
 {
     RecalculateCoeffs();
-    GetXSpacings();
-    const auto samples = XResult().Values();
-    std::vector<double> integral;
-    FAkima.Integrate(samples, integral);
-    SetResult({samples.begin(), samples.end()}, std::move(integral));
+    GetRunningIntegral(FAkima);
 }
 
 }  // namespace plotkit

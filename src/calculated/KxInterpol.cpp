@@ -16,6 +16,9 @@ constexpr int NeighbourSteps = 4;
 constexpr int Halvings = 31;
 /// Below this part of its operands a difference has lost digits that the other form of the same root still has.
 constexpr double Cancelled = 0x1p-10;
+/// How far a segment may miss the next node: a part of its rises, and of the largest ordinate.
+constexpr double GapOfSegment = 1e-9;
+constexpr double GapOfAll = 1e-15;
 
 }  // namespace
 
@@ -32,6 +35,29 @@ void TKxIntPolynom::Clear()
     FSegment = TSegment{};
     for (TKxRealPosArray* const found : {&FMinima, &FMaxima, &FDiffMinima, &FDiffMaxima, &FIntMinima, &FIntMaxima})
         found->Resize(0);
+}
+
+void TKxIntPolynom::RequireJoints(std::size_t count) const
+{
+    const double *const x = FX.Read(), *const y = FY.Read();
+    const double *const b = FB.Read(), *const c = FC.Read(), *const d = FD.Read();
+    double largest = 0;
+    for (std::size_t i = 0; i < count; ++i)
+        largest = std::max(largest, std::abs(y[i]));
+    const double allowed = GapOfAll * largest;
+    bool finite = std::isfinite(c[count - 1]) && std::isfinite(d[count - 1]), meets = true;
+    for (std::size_t i = 0; i + 1 < count; ++i) {
+        const double h = x[i + 1] - x[i], rise = y[i + 1] - y[i];
+        const double gap = ((d[i] * h + c[i]) * h + b[i]) * h - rise;
+        const double turn = ((2 * c[i] + 3 * d[i] * h) * h + b[i] - b[i + 1]) * h;
+        const double bound = GapOfSegment * ((std::abs(b[i]) + std::abs(b[i + 1])) * h + std::abs(rise)) + allowed;
+        finite &= (gap - gap) + (turn - turn) == 0;
+        meets &= std::abs(gap) <= bound && (std::abs(turn) <= bound || i + 2 == count);
+    }
+    if (!finite)
+        throw EMathError("Floating point overflow");
+    if (!meets)
+        throw EMathError("Floating point underflow");
 }
 
 void TKxIntPolynom::Complete(int count)
@@ -206,13 +232,12 @@ void TKxIntPolynom::Integrate(std::span<const double> samples, std::vector<doubl
     }
     TFound minima, maxima;
     const auto end = static_cast<std::ptrdiff_t>(samples.size());
-    const auto lastNode = static_cast<std::ptrdiff_t>(FX.Length()) - 1;
     int i = FindIndex(samples[0]);
     TSegment segment = Segment(i);
     double sum = 0;
     for (std::ptrdiff_t k = 1; k < end; ++k) {
         const auto at = static_cast<std::size_t>(k);
-        while (i < end - 2 && i < lastNode && samples[at] >= FX[static_cast<std::size_t>(i) + 1]) {
+        while (i < end - 2 && i < FCount && samples[at] >= FX[static_cast<std::size_t>(i) + 1]) {
             sum += segment.Integral(FX[static_cast<std::size_t>(i) + 1] - segment.X);
             segment = Segment(++i);
         }

@@ -51,7 +51,8 @@ public:
     /// Of the slope.
     void FindDiffExtrema();
     /// The running integral at each sample, counted from the node at or left of the first one, and 0 at that one.
-    /// Advances over at most as many nodes as there are samples. A short `result` grows.
+    /// Advances over at most as many nodes as there are samples but two: with fewer samples the last segment reached is
+    /// integrated beyond its end. A short `result` grows.
     void Integrate(std::span<const double> samples, std::vector<double>& result);
     void Integrate(const TKxRealVector& samples, TKxRealVector& result);
 
@@ -70,6 +71,9 @@ protected:
 
     /// No nodes and no extrema, before coefficients are calculated.
     void Clear();
+    /// EMathError "Floating point overflow" or "Floating point underflow" where coefficients are beyond doubles: a
+    /// segment does not meet the next one in ordinate and slope.
+    void RequireJoints(std::size_t count) const;
     /// The coefficients of `count` nodes stand in the arrays, one more than `count` at least.
     void Complete(int count);
 

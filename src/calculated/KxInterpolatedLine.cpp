@@ -32,6 +32,19 @@ std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
     return vector ? vector->Values() : std::span<const double>();
 }
 
+/// Each step of the grid divided into equal parts.
+std::vector<double> Refined(std::span<const double> grid, std::size_t parts)
+{
+    std::vector<double> samples;
+    samples.reserve(grid.size() * parts);
+    for (std::size_t k = 0; k + 1 < grid.size(); ++k)
+        for (std::size_t part = 0; part < parts; ++part)
+            samples.push_back(grid[k] +
+                              (grid[k + 1] - grid[k]) * static_cast<double>(part) / static_cast<double>(parts));
+    samples.push_back(grid.back());
+    return samples;
+}
+
 }  // namespace
 
 constinit const TClassInfo TKxInterpolatedFunction::Class{"TKxInterpolatedFunction", &TKxCalculatedSeries::Class, {}};
@@ -56,6 +69,25 @@ void TKxInterpolatedFunction::RecalculateCoeffs(TKxIntPolynom& curve) const
     curve.RecalculateCoeffs(
         GetCalculationStart(), GetCalculationStop(), ValuesOf(parent ? parent->GetXData() : nullptr),
         ValuesOf(parent ? parent->GetYData() : nullptr), weight ? std::optional(weight->Values()) : std::nullopt);
+}
+
+void TKxInterpolatedFunction::GetRunningIntegral(TKxIntPolynom& curve)
+{
+    GetXSpacings();
+    const auto grid = XResult().Values();
+    std::vector<double> integral;
+    // A sum goes over no more nodes than it has samples: where pixels are fewer than points there are samples between.
+    const auto nodes = static_cast<std::size_t>(curve.Count());
+    if (grid.size() < 2 || grid.size() >= nodes + 2) {
+        curve.Integrate(grid, integral);
+    } else {
+        const std::size_t parts = nodes / (grid.size() - 1) + 1;
+        curve.Integrate(Refined(grid, parts), integral);
+        for (std::size_t k = 0; k < grid.size(); ++k)
+            integral[k] = integral[k * parts];
+        integral.resize(grid.size());
+    }
+    SetResult({grid.begin(), grid.end()}, std::move(integral));
 }
 
 void TKxAkimaFunction::SetDoSmoothing(bool smooth)

@@ -23,6 +23,8 @@ public:
 protected:
     /// From the parent's points within the calculation interval.
     void RecalculateCoeffs(TKxIntPolynom& curve) const;
+    /// The running integral of the curve over the display interval becomes the line.
+    void GetRunningIntegral(TKxIntPolynom& curve);
 };
 
 /// Akima's curve through the parent's points. Off linear X axes smoothing measures in decades.

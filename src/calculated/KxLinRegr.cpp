@@ -15,6 +15,11 @@ constexpr double Unknown = 1.7e308;
 // Between these the squares of distances lose nothing to underflow and overflow.
 constexpr double SmallestSquare = 1e-250;
 constexpr double LargestSquare = 1e250;
+// With weights beyond these the points have to be in units of their own; a smaller sum of weights has too few digits.
+constexpr double LightestSum = 1e-40, HeaviestSum = 1e40;
+constexpr double SmallestSum = 1e-250;
+// How much of a slope, in units of the points, may be lost to underflow.
+constexpr double LargestLoss = 0x1p-50;
 
 /// The routines differ in which of these they have.
 struct TLineProblem
@@ -105,6 +110,8 @@ void Fit(const TLineProblem& problem, const TLineMoments& moments, TKxLinearRege
         throw EMathError("Not enough data!");
     if (problem.IsWeighted() && moments.Weight.High == 0)
         throw EMathError("Floating point division by zero");
+    if (problem.IsWeighted() && moments.Weight.High < SmallestSum)
+        throw EMathError("Floating point underflow");
     results.AverageX = moments.MeanX.High;
     results.AverageY = moments.MeanY.High;
     if (problem.HasFixedOffset)
@@ -126,6 +133,8 @@ bool NeedsScaling(const TLineMoments& moments, double offset)
     };
     if (moments.Count == 0 || !(moments.Weight.High > 0))
         return false;
+    if (moments.Weight.High < LightestSum || moments.Weight.High > HeaviestSum)
+        return true;
     const double ranges[] = {std::max(std::fabs(moments.LeastX), std::fabs(moments.MostX)),
                              std::max(std::fabs(moments.LeastY), std::fabs(moments.MostY)),
                              moments.MostX / 2 - moments.LeastX / 2, moments.MostY / 2 - moments.LeastY / 2, offset};
@@ -134,6 +143,7 @@ bool NeedsScaling(const TLineMoments& moments, double offset)
 
 void ToUnits(int x, int y, TKxLinearRegessionResults& results)
 {
+    const double slope = results.Slope;
     const auto scale = [](double& value, int exponent) {
         if (value != Unknown)
             value = std::ldexp(value, exponent);
@@ -149,6 +159,8 @@ void ToUnits(int x, int y, TKxLinearRegessionResults& results)
     scale(results.ChiSquare, 2 * y);
     RequireFinite(results.Slope);
     RequireFinite(results.Offset);
+    if (slope != Unknown && std::fabs(std::ldexp(results.Slope, x - y) - slope) > LargestLoss)
+        throw EMathError("Floating point underflow");
 }
 
 void Solve(TLineProblem problem, TKxLinearRegessionResults& results)

@@ -23,7 +23,8 @@ struct TKxLinearRegessionResults
 
 /// All of them use the points with start <= x <= stop whose values, and weight, are numbers and finite; as many as the
 /// shortest of the spans has. EMathError "Not enough data!" below two points, with a fixed offset below one;
-/// "Floating point division by zero" where the slope cannot be computed; "Floating point overflow".
+/// "Floating point division by zero" where the slope cannot be computed; "Floating point overflow" and
+/// "Floating point underflow" where doubles cannot hold it.
 ///
 /// Sums are taken in blocks about the mean of each block and put together about the common mean (T. F. Chan,
 /// G. H. Golub, R. J. LeVeque, Algorithms for computing the sample variance, Amer. Statist. 37 (1983), eq. 2.1) in

@@ -57,37 +57,40 @@ double MeanOf(TWindow window, TSize i, double m, TReals x, TReals y)
 class TBlockSums
 {
 public:
-    TBlockSums(TReals x, TReals y) : FX(x), FY(y)
+    TBlockSums(double m, TReals x, TReals y) : FM(m), FX(x), FY(y)
     {
         TLevel blocks(x.size() / Smallest);
         for (TSize b = 0; b < blocks.size(); ++b)
-            for (TSize k = b * Smallest; k < (b + 1) * Smallest; ++k)
-                blocks[b].Add({1, x[k] - x[b * Smallest], y[k], (x[k] - x[b * Smallest]) * y[k]}, 0);
+            for (TSize k = b * Smallest; k < (b + 1) * Smallest; ++k) {
+                const double d = (x[k] - x[b * Smallest]) / m;
+                blocks[b].Add({1, d, y[k], d * y[k]}, 0);
+            }
         while (!blocks.empty()) {
             FLevels.push_back(blocks);
             const TSize half = Smallest << (FLevels.size() - 1);
             TLevel pairs(blocks.size() / 2);
             for (TSize b = 0; b < pairs.size(); ++b) {
                 pairs[b] = blocks[2 * b];
-                pairs[b].Add(blocks[2 * b + 1], x[(2 * b + 1) * half] - x[2 * b * half]);
+                pairs[b].Add(blocks[2 * b + 1], (x[(2 * b + 1) * half] - x[2 * b * half]) / m);
             }
             blocks = std::move(pairs);
         }
     }
 
     /// All weights of the window have to be positive or zero.
-    double MeanOf(TWindow window, TSize i, double m) const
+    double MeanOf(TWindow window, TSize i) const
     {
         TMean mean;
-        AddSide(window.First, i, i, m, mean);
-        AddSide(i, window.Last + 1, i, m, mean);
+        AddSide(window.First, i, i, mean);
+        AddSide(i, window.Last + 1, i, mean);
         return Divide(mean.Sum, mean.Weights);
     }
 
 private:
     static constexpr TSize Smallest = 16;
 
-    /// Sums of 1, d, y and d y, with d the distance from the block's first point.
+    /// Sums of 1, d, y and d y, with d the distance from the block's first point in units of the window's half width.
+    /// Sums that overflow belong to blocks that are wider than the window.
     struct TBlock
     {
         double N = 0, D = 0, Y = 0, DY = 0;
@@ -103,11 +106,11 @@ private:
     using TLevel = std::vector<TBlock>;
 
     /// Points `k` to before `end`, all on one side of point `i`.
-    void AddSide(TSize k, TSize end, TSize i, double m, TMean& mean) const
+    void AddSide(TSize k, TSize end, TSize i, TMean& mean) const
     {
         const double sign = k < i ? 1 : -1;
         while (k < end) {
-            const double weight = 1 - std::fabs(FX[i] - FX[k]) / m;
+            const double weight = 1 - std::fabs(FX[i] - FX[k]) / FM;
             const int level = LargestAt(k, end);
             if (level < 0) {
                 mean.Sum += weight * FY[k];
@@ -116,8 +119,8 @@ private:
                 continue;
             }
             const TBlock& block = FLevels[static_cast<TSize>(level)][k / (Smallest << level)];
-            mean.Sum += weight * block.Y + sign * (block.DY / m);
-            mean.Weights += weight * block.N + sign * (block.D / m);
+            mean.Sum += weight * block.Y + sign * block.DY;
+            mean.Weights += weight * block.N + sign * block.D;
             k += Smallest << level;
         }
     }
@@ -131,6 +134,7 @@ private:
         return level;
     }
 
+    double FM;
     TReals FX, FY;
     std::vector<TLevel> FLevels;
 };
@@ -139,7 +143,7 @@ private:
 std::vector<double> SmoothedAscending(double m, TReals x, TReals y)
 {
     std::vector<double> smoothed(x.size());
-    const TBlockSums sums(x, y);
+    const TBlockSums sums(m, x, y);
     TWindow window{0, 0};
     for (TSize i = 0; i < x.size(); ++i) {
         while (x[i] - x[window.First] >= m)
@@ -148,7 +152,7 @@ std::vector<double> SmoothedAscending(double m, TReals x, TReals y)
         while (window.Last + 1 < x.size() && x[window.Last + 1] - x[i] < m)
             ++window.Last;
         const bool few = window.Last - window.First < FewPoints;
-        smoothed[i] = few ? MeanOf(window, i, m, x, y) : sums.MeanOf(window, i, m);
+        smoothed[i] = few ? MeanOf(window, i, m, x, y) : sums.MeanOf(window, i);
     }
     return smoothed;
 }
@@ -183,6 +187,13 @@ TPairs CompletePairs(TReals x, TReals y)
     return pairs;
 }
 
+/// A power of two that keeps sums within doubles.
+double ScaleOf(TReals y)
+{
+    constexpr double large = 0x1p960, down = 0x1p-64;
+    return std::any_of(y.begin(), y.end(), [](double value) { return std::fabs(value) > large; }) ? down : 1;
+}
+
 void Smooth(double m, const TKxRealArray& x, TKxRealArray& y, bool logarithmic)
 {
     TPairs pairs = CompletePairs(x.Span(), y.Span());
@@ -192,10 +203,13 @@ void Smooth(double m, const TKxRealArray& x, TKxRealArray& y, bool logarithmic)
         return;
     if (logarithmic)
         std::transform(pairs.X.begin(), pairs.X.end(), pairs.X.begin(), Log10);
+    const double scale = ScaleOf(pairs.Y);
+    for (double& value : pairs.Y)
+        value *= scale;
     const std::vector<double> smoothed = Smoothed(m, pairs.X, pairs.Y);
     double* const result = y.Write();
     for (TSize i = 0; i < smoothed.size(); ++i)
-        result[pairs.Places[i]] = smoothed[i];
+        result[pairs.Places[i]] = smoothed[i] / scale;
 }
 
 }  // namespace

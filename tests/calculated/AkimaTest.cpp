@@ -137,6 +137,7 @@ TEST(Akima, TakesWhatItCanUseAndRefusesTheRest)
     for (const TReals& few : {TReals{}, TReals{1}, TReals{1, 2}, TReals{1, 2, 2, 1}, TReals{1, 2, NAN}})
         EXPECT_EQ(refusal(few, {1, 2, 3, 4}), "Not enough data!");
     EXPECT_EQ(refusal({0, 1e-310, 2e-310, 1}, {0, 1, 2, 3}), "Floating point overflow");
+    EXPECT_EQ(refusal({0, 1e100, 2e100, 4e100}, {1e-20, 2e-20, 1e-20, 3e-20}), "Floating point underflow");
     EXPECT_EQ(refusal({1, 2, 3}, {1, 2, 3}) + refusal({1, 2, 3, 4, 5}, {1, 0, 1, 0, 1}), "");
     EXPECT_THROW(curve.RecalculateCoeffs(3, 4, x, y, std::nullopt), EMathError);
     EXPECT_TRUE(std::isnan(curve.Interpolate(2)) && std::isnan(TKxAkima().Slope(1))) << "no curve has no values";
@@ -242,10 +243,15 @@ TEST(Akima, IntegralsCountFromTheirNode)
     curve.Integrate(places, result);
     EXPECT_EQ(result.GetCount(), 4);
     EXPECT_TRUE(result.GetValue(0) == 0 && std::fabs(result.GetValue(2) - area(x[0], x[2])) < 1e-13);
-    for (std::size_t k = 0; k < samples.size(); ++k)
-        samples[k] = x.back() + static_cast<double>(k);
+    samples.clear();
+    for (double at = x[28]; at < x.back() + 4; at += 0.02)
+        samples.push_back(at);
     curve.Integrate(samples, integral);
-    EXPECT_TRUE(std::isfinite(integral.back())) << "far beyond all points";
+    for (std::size_t k = 2; k < samples.size(); ++k) {
+        const double expected = curve.Interpolate(samples[k - 1]);
+        EXPECT_NEAR((integral[k] - integral[k - 2]) / 0.04, expected, 1e-3 * (9 + std::fabs(expected)))
+            << "beyond all points, too, at " << samples[k];
+    }
 }
 
 }  // namespace

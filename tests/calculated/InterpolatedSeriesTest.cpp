@@ -1,5 +1,6 @@
 #include "calculated/CalculatedClasses.h"
 #include "calculated/CalculatedFixture.h"
+#include "calculated/KxASplineIntegral.h"
 #include "calculated/KxIntegral.h"
 #include "support/AllClasses.h"
 
@@ -54,6 +55,27 @@ TEST_F(TInterpolatedTest, CurvesPublishTheirExtrema)
     EXPECT_EQ(told + Result(line, "X-Maxima(1)"), "Interpolation: Not enough data!...");
 }
 
+TEST_F(TInterpolatedTest, IntegralsGoOverMorePointsThanPixels)
+{
+    std::vector<double> xs, ys;
+    for (int i = 0; i <= 5000; ++i) {
+        xs.push_back(i / 500.0);
+        ys.push_back(std::sin(xs.back()));
+    }
+    Fill(xs, ys);
+    auto* const area = MakeChild<TKxIntegral>("Area");
+    auto* const smooth = MakeChild<TKxASplineIntegral>("Smooth");
+    smooth->SetWeightFactor(1e6);
+    Form->Picture();
+    const int last = area->XResult().GetCount() - 1;
+    ASSERT_LT(last, 2000);
+    for (TKxCalculatedSeries* const series :
+         {static_cast<TKxCalculatedSeries*>(area), static_cast<TKxCalculatedSeries*>(smooth)})
+        for (const int i : {last / 2, last})
+            EXPECT_NEAR(series->YResult().GetValue(i), 1 - std::cos(series->XResult().GetValue(i)), 1e-4);
+    EXPECT_EQ(Result(area, "X-Maxima(3)"), "...");
+}
+
 TEST_F(TInterpolatedTest, SmoothingIsASettingOfTheSeries)
 {
     auto* const line = MakeChild<TKxInterpolatedLine>("Line");
@@ -72,6 +94,13 @@ TEST_F(TInterpolatedTest, SmoothingIsASettingOfTheSeries)
     auto* const other = MakeChild<TKxInterpolatedLine>("Other");
     other->ReadFromIni(list, "S");
     EXPECT_TRUE(other->GetSmoothRange() == 1.5 && !other->GetDoSmoothing());
+    line->SetCalculationStop(0.1);
+    line->WriteToIni(list, "S");
+    TKxInterpolatedLine orphan(Form.get());
+    orphan.ReadFromIni(list, "S");
+    EXPECT_TRUE(orphan.GetParentSeries() == Parent && orphan.GetSmoothRange() == 1.5) << "what is read cannot fail";
+    orphan.SetParentSeries(nullptr);
+    line->SetAutoStop(true);
     Parent->GetXAxis()->SetScaling(AxDateTime);
     Form->Picture();
     EXPECT_TRUE(line->Akima().GetSmoothLog());
