@@ -24,10 +24,11 @@ def benchmarks(*command):
     output = subprocess.run([str(part) for part in command], check=True, stdout=subprocess.PIPE, stderr=subprocess.DEVNULL,
                             env=os.environ | {"QT_QPA_PLATFORM": "offscreen"}).stdout
     for entry in json.loads(output)["benchmarks"]:
+        if entry.get("error_occurred"):
+            continue  # the library cannot do that
         figures = {key: value for key, value in entry.items() if key not in ADMINISTRATION}
-        if figures:
-            figures["real_time"] *= MILLISECONDS[entry["time_unit"]]
-            yield entry["name"], figures
+        figures["real_time"] *= MILLISECONDS[entry["time_unit"]]
+        yield entry["name"], figures
 
 
 def google(program):

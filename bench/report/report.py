@@ -12,7 +12,7 @@ from datetime import date
 from pathlib import Path
 
 from measure import RESULTS
-from rows import DIGITS, TABLES
+from rows import DIGITS, PROCESSES, TABLES
 
 UNITS = {"real_time": ("ms", 1), "per_call": ("µs", 1e6), "memory": ("MB", 1), "bytes": ("kB", 1e-3), "per_pair": ("ns", 1e9)}
 
@@ -47,30 +47,43 @@ def verdict(is_met):
 
 
 def cells(row, results):
-    def figures(library):
-        return results.get(row.name(library), {}).get(row.figure)
+    def figures(library, figure=row.figure):
+        return results.get(row.name(library), {}).get(figure)
 
-    ours = figures(row.plotkit)
+    ours = figures(row.library)
     if not ours:
         return [row.title, "not measured", "", "", "", "", ""]
+    peers = [library for library in row.peers if figures(library)]
     found = [row.title, amount(ours, row.figure), "", "", "", ""]
-    others = [f"{library} {amount(figures(library), row.figure)}" for library in row.others if figures(library)]
-    theirs = figures(row.peer)
-    if theirs:
-        found[2] = f"{row.peer} {amount(theirs, row.figure)}"
-        share = ratio(ours, theirs)
+    beside = [library for library in row.others if figures(library)]
+    if peers:
+        fastest = min(peers, key=lambda library: statistics.median(figures(library)))
+        beside = [library for library in beside if library != fastest]
+        found[2] = f"{fastest} {amount(figures(fastest), row.figure)}"
+        share = ratio(ours, figures(fastest))
         found[3] = number(share)
         if row.goal is not None:
             found[4:6] = [f"≤ {row.goal:g}", verdict(share <= row.goal)]
     if row.most is not None:
         unit, factor = UNITS[row.figure]
         found[4:6] = [f"≤ {row.most:g} {unit}", verdict(statistics.median(ours) * factor <= row.most)]
+    others = [f"{library} {amount(figures(library), row.figure)}" for library in beside]
+    others += [f"{part} {amount(figures(row.library, part), 'real_time')}" for part in row.parts]
     return [*found, ", ".join(others)]
 
 
 def table(rows, results):
     lines = ["| Case | Plotkit | compared with | ratio | goal | | for comparison |", "|---|---|---|---|---|---|---|"]
     return lines + ["| " + " | ".join(cells(row, results)) + " |" for row in rows]
+
+
+def processes(results):
+    lines = ["| Process | time | memory |", "|---|---|---|"]
+    for title, name in PROCESSES:
+        if name in results:
+            figures = results[name]
+            lines.append(f"| {title} | {amount(figures['real_time'], 'real_time')} | {amount(figures['memory'], 'memory')} |")
+    return lines
 
 
 def digits(results):
@@ -102,7 +115,7 @@ def machine():
 def main():
     results = load()
     template = Path(__file__).with_name("performance.md").read_text()
-    blocks = {"machine": machine, "digits": lambda: digits(results)}
+    blocks = {"machine": machine, "digits": lambda: digits(results), "processes": lambda: processes(results)}
     blocks |= {name: (lambda rows=rows: table(rows, results)) for name, rows in TABLES.items()}
     text = re.sub(r"^\{(\w+)\}$", lambda match: "\n".join(blocks[match[1]]()), template, flags=re.MULTILINE)
     Path(sys.argv[1]).write_text(text)
