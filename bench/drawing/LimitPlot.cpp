@@ -29,8 +29,7 @@ constexpr std::size_t Block = 256;
 
 using TEnds = std::pair<double, double>;
 
-[[gnu::target_clones("avx512f", "avx2", "default"), gnu::optimize("O3")]] TEnds RangeOf(const double* values,
-                                                                                        std::size_t count)
+[[gnu::target_clones("avx512f", "avx2", "default")]] TEnds RangeOf(const double* values, std::size_t count)
 {
     constexpr std::size_t Lanes = 32;
     double low[Lanes], high[Lanes];

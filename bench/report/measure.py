@@ -53,14 +53,27 @@ def memory():
         yield from whole_process(f"memory/{library}", [PROGRAMS / program, "--memory", library])
 
 
+def renders(name, data, folder):
+    for ending in ("png", "svg", "pdf"):
+        yield from whole_process(f"{name}/{ending}", [PLOTKIT, "render", data, "-o", f"{folder}/picture.{ending}"])
+
+
 def start():
-    data = "data/measured/mauna-loa-co2-annual.csv"
     with tempfile.TemporaryDirectory() as folder:
+        yield from whole_process("start/bare", [PROGRAMS / "drawing_bench", "--bare"])
         yield from whole_process("start/--version", [PLOTKIT, "--version"])
-        for ending in ("png", "svg", "pdf"):
-            picture = f"{folder}/picture.{ending}"
-            yield from whole_process(f"start/{ending}", [PLOTKIT, "render", data, "-o", picture])
-    yield from whole_process("start/bare", [PROGRAMS / "drawing_bench", "--bare"])
+        yield from renders("start", "data/measured/mauna-loa-co2-annual.csv", folder)
+
+
+def files():
+    """Random walks of a million and of ten million rows."""
+    with tempfile.TemporaryDirectory() as folder:
+        for count in ("1e6", "1e7"):
+            data = f"{folder}/{count}.csv"
+            program = f"BEGIN {{ srand(7); for (i = 0; i < {count}; ++i) print i \",\" (y += rand() - 0.5) }}"
+            with open(data, "w") as file:
+                subprocess.run(["awk", program], check=True, stdout=file)
+            yield from renders(f"file {count}", data, folder)
 
 
 # A subject is what is measured beside each other in each round.
@@ -70,6 +83,7 @@ SUBJECTS = {
     "drawing": [google("drawing_bench"), google("qwt_bench")],
     "memory": [memory],
     "start": [start],
+    "files": [files],
 }
 
 

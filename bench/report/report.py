@@ -1,4 +1,4 @@
-"""The job of report is to write docs/performance.md: the text of bench/report/performance.md with tables of what measure
+"""The job of report is to write docs/performance.md: the text of bench/report/performance.in.md with tables of what measure
 kept.
 
 report.py FILE. Lines {NAME} of the text are replaced."""
@@ -114,7 +114,7 @@ def machine():
 
 def main():
     results = load()
-    template = Path(__file__).with_name("performance.md").read_text()
+    template = Path(__file__).with_name("performance.in.md").read_text()
     blocks = {"machine": machine, "digits": lambda: digits(results), "processes": lambda: processes(results)}
     blocks |= {name: (lambda rows=rows: table(rows, results)) for name, rows in TABLES.items()}
     text = re.sub(r"^\{(\w+)\}$", lambda match: "\n".join(blocks[match[1]]()), template, flags=re.MULTILINE)
@@ -122,7 +122,7 @@ def main():
     for rows in TABLES.values():
         for row in rows:
             found = cells(row, results)
-            print(f"{found[0]:50} {found[1]:>12} {found[2]:>34} {found[3]:>8} {found[4]:>8} {found[5]}")
+            print(f"{found[0]:52} {found[1]:>12} {found[2]:>34} {found[3]:>8} {found[4]:>8} {found[5]}")
 
 
 if __name__ == "__main__":

@@ -47,7 +47,7 @@ LINES = [
     Row("zoom to a hundredth of 1e7 points", "zoom", BOTH, 1.0, size="/10000000", others=ALL),
     Row("append 1 point to 1e6 shown", "append", ("QCustomPlot",), 0.25, size="/1", others=ALL),
     Row("append 100 points to 1e6 shown", "append", ("QCustomPlot",), 0.25, size="/100", others=ALL),
-    Row("append 1e6 points one by one, draw nothing", "append only", BOTH, most=30, others=ALL),
+    Row("append 1e6 points one by one, draw nothing", "append only", ("QCustomPlot",), most=30, others=ALL),
     Row("automatic range of 1e7 pairs", "range", BOTH, 0.3, size="/10000000", others=ALL),
     Row("2-pixel line of 1e5 points", "wide line", ("QCustomPlot, hinted",), 1.0, size="/100000", others=ALL),
     Row("antialiased line of 1e5 points", "smooth line", BOTH, 1.5, size="/100000", others=ALL),
@@ -68,17 +68,19 @@ EXPORTS = [
 ]
 MEMORY = [Row("whole process, line of 1e7 points", "memory", BOTH, most=260, figure="memory", others=BOTH)]
 LIVE = [
-    Row("sample an interpolated curve after a zoom, compared with drawing it", "interpolated curve", ("draw",), 1.0,
+    Row("sample an interpolated curve after a zoom, beside drawing it", "interpolated curve", ("draw",), 1.0,
         library="sample"),
-    Row("sample a typed formula after a zoom, compared with drawing it", "typed curve", ("draw",), 1.0, library="sample"),
+    Row("sample a typed formula after a zoom, beside drawing it", "typed curve", ("draw",), 1.0, library="sample"),
     Row("move the cursor over 1e7 points", "cursor"),
     Row("64 live panels on 1920 × 1080, a frame", "64 panels", most=33.3, parts=("append", "layout", "paint")),
 ]
 
 # What a process costs from its start to its end.
 PROCESSES = [("Qt alone, a program that ends at once", "start/bare"), ("`plotkit --version`", "start/--version"),
-             ("`plotkit render`, 140 rows to PNG", "start/png"), ("the same to SVG", "start/svg"),
-             ("the same to PDF", "start/pdf")]
+             ("`plotkit render`, 67 rows to PNG", "start/png"),
+             ("the same to SVG", "start/svg"), ("the same to PDF", "start/pdf"),
+             *((f"`plotkit render`, {count} rows to {ending.upper()}", f"file {count}/{ending}")
+               for count in ("1e6", "1e7") for ending in ("png", "svg", "pdf"))]
 
 DIGITS = [("polynomial", size, library) for size in ("/3", "/5")
           for library in ("Plotkit", "GSL SVD", "ALGLIB", "GSL normal equations")]
