@@ -52,8 +52,13 @@ void TKxCalculatedSeries::GetContinousLine()
 {
     std::vector<double> xs = Spacings();
     std::vector<double> ys(xs.size());
-    std::transform(xs.begin(), xs.end(), ys.begin(), [this](double x) { return GetY(x); });
+    GetYs(xs, ys);
     SetResult(std::move(xs), std::move(ys));
+}
+
+void TKxCalculatedSeries::GetYs(std::span<const double> xs, std::span<double> ys)
+{
+    std::transform(xs.begin(), xs.end(), ys.begin(), [this](double x) { return GetY(x); });
 }
 
 /// False when that failed; this series may then be gone.
@@ -88,11 +93,13 @@ void TKxCalculatedSeries::Resample(double start, double stop)
     const std::size_t count = std::min(xs.size(), ys.size());
     // The last sample lies one step short of the end on purpose.
     const double parts = static_cast<double>(xs.size() + 1);
-    for (std::size_t i = 0; i < count; ++i) {
+    for (std::size_t i = 0; i < count; ++i)
         xs[i] = start + static_cast<double>(i) * (stop - start) / parts;
-        // Where the axis shows nothing of the display interval there is no curve.
-        ys[i] = start <= stop ? GetY(xs[i]) : std::numeric_limits<double>::quiet_NaN();
-    }
+    // Where the axis shows nothing of the display interval there is no curve.
+    if (start <= stop)
+        GetYs(xs.first(count), ys.first(count));
+    else
+        std::fill_n(ys.begin(), count, std::numeric_limits<double>::quiet_NaN());
 }
 
 }  // namespace plotkit

@@ -74,6 +74,8 @@ public:
 protected:
     /// Fills the result vectors, which are empty, from the parent's data, or what `GetY` needs. Errors are raised.
     virtual void CalculateFunction();
+    /// The curve at many places, what sampling asks for; by `GetY` unless a class knows a faster way.
+    virtual void GetYs(std::span<const double> xs, std::span<double> ys);
 
     /// The vectors of the curve, without notes to those who follow them.
     class TResultVector : public TKxLiveVector

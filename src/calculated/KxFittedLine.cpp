@@ -113,6 +113,14 @@ double TKxFittedLine::GetY(double x)
     return function(x, {FVariables.Write(), FVariables.Length()});
 }
 
+void TKxFittedLine::GetYs(std::span<const double> xs, std::span<double> ys)
+{
+    const TKxFittingFkt function = GetFittingFunction();
+    if (!function)
+        return TKxCalculatedSeries::GetYs(xs, ys);
+    function.Run(xs, {FVariables.Write(), FVariables.Length()}, ys.data());
+}
+
 bool TKxFittedLine::HasData() const
 {
     const TKxNotCalculatedSeries* const parent = GetParentSeries();

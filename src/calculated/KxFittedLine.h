@@ -66,6 +66,7 @@ public:
 
 protected:
     void CalculateFunction() override;
+    void GetYs(std::span<const double> xs, std::span<double> ys) override;
     /// Fits the coefficients to the parent's points. When that fails they are as before.
     void DoFit();
     /// Takes the points between two abscissae into the fit.

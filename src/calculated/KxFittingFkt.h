@@ -9,6 +9,7 @@
 #include <utility>
 
 #include "host/Event.h"
+#include "host/VectorState.h"
 
 namespace plotkit {
 
@@ -60,6 +61,7 @@ public:
     }
     void Run(std::span<const double> x, std::span<double> coefs, double* y) const
     {
+        EndSlowVectorState();
         const auto kept = FRun;  // the callable may replace this function while it runs
         (*kept)(x, coefs, y);
     }

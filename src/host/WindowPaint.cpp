@@ -1,5 +1,6 @@
 #include "host/PixelMath.h"
 #include "host/Restore.h"
+#include "host/VectorState.h"
 #include "host/WindowControl.h"
 
 namespace plotkit {
@@ -132,6 +133,7 @@ void TWindowControl::PaintOne(TControl& control, TCanvas& canvas, const TRect& c
 
 TRecording TWindowControl::Picture()
 {
+    EndSlowVectorState();
     RootOfThis().MakeRoot();
     WindowNeeded();
     TWindowControl& root = RootOfThis();

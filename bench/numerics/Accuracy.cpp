@@ -85,7 +85,7 @@ constexpr const char* Head =
     R"(# Accuracy of nonlinear fits
 
 Correct decimal digits of the worst coefficient (11 are certified) on the nonlinear reference sets of NIST with one
-variable (data/nist-strd), written by `bench/accuracy.sh`. Each cell holds two numbers: from start 1, far from the
+variable (data/nist-strd), written by `bench/numerics/accuracy.sh`. Each cell holds two numbers: from start 1, far from the
 solution, and from start 2, near to it. "Plotkit" is the simplex method of the fitted line after 300 (the default) and
 3000 iterations; "nmsimplex2" is GSL's simplex from the same first simplex, "Levenberg-Marquardt" GSL's trust-region
 method with numerical derivatives. All see the same typed formulas.

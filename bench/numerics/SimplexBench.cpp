@@ -1,5 +1,5 @@
-// The job of FitBench is the time per call of the misfit in fits of 10,000 points: a compiled callback, a typed formula
-// and GSL's simplex.
+// The job of SimplexBench is the time per call of the misfit in fits of 10,000 points: a compiled callback, a typed
+// formula and GSL's simplex.
 #include <benchmark/benchmark.h>
 #include <gsl/gsl_multimin.h>
 
@@ -57,13 +57,13 @@ void FitCallback(benchmark::State& state)
 {
     Fit(state, [](double x, std::span<const double> c) { return c[0] * std::exp(-c[1] * x) + c[2]; });
 }
-BENCHMARK(FitCallback)->Unit(benchmark::kMillisecond);
+BENCHMARK(FitCallback)->Name("simplex/Plotkit")->Unit(benchmark::kMillisecond);
 
 void FitTypedFormula(benchmark::State& state)
 {
     Fit(state, CompileFormula("a*exp(-b*x)+c").Function);
 }
-BENCHMARK(FitTypedFormula)->Unit(benchmark::kMillisecond);
+BENCHMARK(FitTypedFormula)->Name("simplex/Plotkit, typed formula")->Unit(benchmark::kMillisecond);
 
 struct TGslData
 {
@@ -99,8 +99,6 @@ void FitGsl(benchmark::State& state)
     }
     ReportCalls(state, data.Calls);
 }
-BENCHMARK(FitGsl)->Unit(benchmark::kMillisecond);
+BENCHMARK(FitGsl)->Name("simplex/GSL")->Unit(benchmark::kMillisecond);
 
 }  // namespace
-
-BENCHMARK_MAIN();
