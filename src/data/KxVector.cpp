@@ -69,6 +69,12 @@ void TKxCustomRealVector::GrowFor(int n)
         FValues.Resize(needed + std::min(needed / 8, MostAhead));
 }
 
+void TKxCustomRealVector::DropTo(int n)
+{
+    FCount = std::max(n, 0);
+    ++FVersion;
+}
+
 void TKxCustomRealVector::Replace(TKxRealArray values)
 {
     if (values.Length() > MaxCount)

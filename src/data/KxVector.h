@@ -55,11 +55,7 @@ protected:
         FCount = n > FCount ? n : FCount;
     }
     /// Lowers the count; storage is kept.
-    void DropTo(int n)
-    {
-        FCount = n < 0 ? 0 : n;
-        ++FVersion;
-    }
+    void DropTo(int n);
     /// Replaces all elements; what lay behind them is zero afterwards. ERangeError beyond 2^31 - 2 elements.
     void Replace(TKxRealArray values);
     /// Count and storage as after setting the values one by one from a count of 0: elements behind them stay.

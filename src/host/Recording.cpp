@@ -8,13 +8,28 @@ namespace plotkit {
 
 namespace {
 
-std::vector<TPoint> Moved(const std::vector<TPoint>& points, TPoint by)
+/// Points moved, without a copy where they stay in place.
+class TMovedPoints
 {
-    std::vector<TPoint> moved(points);
-    for (TPoint& point : moved)
-        point = MovePoint(point, by);
-    return moved;
-}
+public:
+    TMovedPoints(std::span<const TPoint> points, TPoint by) : FPoints(points)
+    {
+        if (by == TPoint{})
+            return;
+        FMoved.assign(points.begin(), points.end());
+        for (TPoint& point : FMoved)
+            point = MovePoint(point, by);
+        FPoints = FMoved;
+    }
+    TMovedPoints(const TMovedPoints&) = delete;
+    TMovedPoints& operator=(const TMovedPoints&) = delete;
+
+    operator std::span<const TPoint>() const { return FPoints; }
+
+private:
+    std::vector<TPoint> FMoved;
+    std::span<const TPoint> FPoints;
+};
 
 /// Draws commands, moved, on a device. With `clip` set it takes the place of the commands' own clips.
 struct TReplayer
@@ -35,11 +50,11 @@ struct TReplayer
     }
     void operator()(const TPolylineCommand& c) const
     {
-        Device.Polyline(plotkit::Moved(c.Points, Shift), c.Pen, Moved(c.State));
+        Device.Polyline(TMovedPoints(c.Points, Shift), c.Pen, Moved(c.State));
     }
     void operator()(const TPolygonCommand& c) const
     {
-        Device.Polygon(plotkit::Moved(c.Points, Shift), c.Pen, c.Brush, Moved(c.State));
+        Device.Polygon(TMovedPoints(c.Points, Shift), c.Pen, c.Brush, Moved(c.State));
     }
     void operator()(const TEllipseCommand& c) const
     {
@@ -58,7 +73,7 @@ struct TReplayer
     }
     void operator()(const TStampCommand& c) const
     {
-        Device.Stamp(c.Shape, plotkit::Moved(c.Points, Shift), Moved(c.State));
+        Device.Stamp(c.Shape, TMovedPoints(c.Points, Shift), Moved(c.State));
     }
 };
 
@@ -75,6 +90,24 @@ public:
         DrawStamp(*this, *shape, points, state);
     }
 };
+
+/// A filling of whole pixels; nullptr for other commands.
+const TRectangleCommand* AsFill(const TDrawCommand& command)
+{
+    const auto* box = std::get_if<TRectangleCommand>(&command);
+    const bool isFill = box && box->Pen.Style == psClear && box->Brush.Style == bsSolid && box->State.Mode == dmCopy;
+    return isFill ? box : nullptr;
+}
+
+/// Whether nothing is left to be seen of a filling when the next command is drawn: a form under its graph.
+bool IsCovered(const TDrawCommand& command, const TDrawCommand& next)
+{
+    const TRectangleCommand *const below = AsFill(command), *const above = below ? AsFill(next) : nullptr;
+    if (!above)
+        return false;
+    const TRect seen = below->Box.Intersected(below->State.Clip);
+    return seen.IsEmpty() || seen.Intersected(above->Box).Intersected(above->State.Clip) == seen;
+}
 
 bool RemovesItself(const TDrawCommand& command)
 {
@@ -143,8 +176,10 @@ void TRecording::Replay(TDrawDevice& device, TPoint shift) const
     // On itself a recording grows while it is read.
     const auto copy = &device == this ? Commands : std::vector<TDrawCommand>();
     const TReplayer replayer{device, shift};
-    for (const TDrawCommand& command : &device == this ? copy : Commands)
-        std::visit(replayer, command);
+    const std::span<const TDrawCommand> commands = &device == this ? copy : Commands;
+    for (std::size_t i = 0; i < commands.size(); ++i)
+        if (i + 1 == commands.size() || !IsCovered(commands[i], commands[i + 1]))
+            std::visit(replayer, commands[i]);
 }
 
 TRecording TRecording::Expanded() const

@@ -94,7 +94,7 @@ public:
     void Stamp(const std::shared_ptr<const TRecording>& shape, std::span<const TPoint> points,
                const TDrawState& state) override;
 
-    /// Draws the commands, moved by `shift`, on another device.
+    /// Draws the commands, moved by `shift`, on another device; a filling that the next one covers is left out.
     void Replay(TDrawDevice& device, TPoint shift = {}) const;
     /// One line per command, for people and for comparison with kept files.
     std::string ToText() const;

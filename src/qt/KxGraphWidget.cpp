@@ -142,6 +142,7 @@ QImage KxGraphWidget::Shown()
 
 void KxGraphWidget::paintEvent(QPaintEvent*)
 {
+    FAsksForPaint = false;
     QImage shown = Shown();
     QPainter painter(this);
     if (shown.isNull()) {
@@ -163,15 +164,22 @@ void KxGraphWidget::resizeEvent(QResizeEvent*)
 void KxGraphWidget::PictureInvalidated()
 {
     FPictureStale = true;
-    if (!FPainting)
-        update();
+    AskForPaint();
 }
 
 void KxGraphWidget::OverlayInvalidated()
 {
     FOverlayStale = true;
-    if (!FPainting)
-        update();
+    AskForPaint();
+}
+
+void KxGraphWidget::AskForPaint()
+{
+    // Once for all that changes until it comes: live data call here with every value.
+    if (FPainting || FAsksForPaint)
+        return;
+    FAsksForPaint = true;
+    update();
 }
 
 void KxGraphWidget::ShowPointerOf(TControl* control)

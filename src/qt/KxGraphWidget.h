@@ -58,6 +58,7 @@ private:
     TPoint RootPixel(QPointF at) const;
     void PictureInvalidated();
     void OverlayInvalidated();
+    void AskForPaint();
     void ShowPointerOf(TControl* control);
 
     std::unique_ptr<TSite> FSite;
@@ -68,6 +69,7 @@ private:
     bool FPictureStale = true;
     bool FOverlayStale = true;
     bool FPainting = false;
+    bool FAsksForPaint = false;
 };
 
 }  // namespace plotkit

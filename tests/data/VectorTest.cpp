@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <memory>
 #include <random>
 
 #include "data/KxPointVector.h"
@@ -140,6 +141,11 @@ TEST(ChangedList, LivesThroughChangesDuringACall)
     list.Add([&](int, bool) { list.Clear(); });
     list.Add(noting('!'));
     list.Call(0, false);
+    EXPECT_EQ(calls, "bzzbl");
+    auto mortal = std::make_unique<TKxValueIChangedList>();
+    mortal->Add([&](int, bool) { mortal.reset(); });
+    mortal->Add(noting('?'));
+    mortal->Call(0, false);
     EXPECT_EQ(calls, "bzzbl");
 }
 

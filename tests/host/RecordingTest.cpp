@@ -76,6 +76,24 @@ TEST(RecordingTest, ExpandedStampsTakeTheirClipFromTheCall)
     EXPECT_EQ(recording.Expanded(), expected);
 }
 
+TEST(RecordingTest, ReplayLeavesOutFillingsThatTheNextOneCovers)
+{
+    const TPenState none{clBlack, psClear, 1};
+    const TRect page{0, 0, 50, 40};
+    const auto left = [&](const TRect& above, const TBrushState& brush, const TDrawState& state) {
+        TRecording picture, replayed;
+        picture.Rectangle({0, 0, 90, 90}, none, {clRed, bsSolid}, {dmCopy, page});
+        picture.Rectangle(above, none, brush, state);
+        picture.Replay(replayed);
+        return replayed.Commands.size();
+    };
+    EXPECT_EQ(left(page, {clBlue, bsSolid}, {}), 1U);
+    EXPECT_EQ(left({1, 0, 50, 40}, {clBlue, bsSolid}, {}), 2U);
+    EXPECT_EQ(left(page, {clBlue, bsCross}, {}), 2U);
+    EXPECT_EQ(left(page, {clBlue, bsSolid}, {dmXor, page}), 2U);
+    EXPECT_EQ(left(page, {clBlue, bsSolid}, {dmCopy, {0, 0, 50, 39}}), 2U);
+}
+
 TEST(OverlayTest, TheSameExclusiveOrCommandTakesItsTwinAway)
 {
     TOverlay overlay;
