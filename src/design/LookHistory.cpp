@@ -4,6 +4,7 @@
 
 #include "calculated/KxCalculatedSeries.h"
 #include "design/LookHidden.h"
+#include "design/LookPages.h"
 #include "design/LookTree.h"
 #include "graph/KxGraph2D.h"
 #include "graph/KxGraphUpdate.h"
@@ -104,11 +105,47 @@ void TLookHistory::Change(TComponent& component, std::string_view path, const TL
         throw EConvertError(LookName(component) + " has no property " + std::string(path));
     if (!FGraph || property.Value() == value)
         return;
-    TStep step = Recorded(std::string(path) + " of " + LookName(component), [&] { property.SetValue(value); });
+    const auto set = [&] { property.SetValue(value); };
+    if (joins && Joins(component, path))
+        return ChangeAgain(set);
+    TStep step = Recorded(LookRowName(component, path) + " of " + LookName(component), set);
     step.Part = &component;
     step.Path = path;
     step.Joins = joins;
     Append(std::move(step));
+}
+
+bool TLookHistory::Joins(const TComponent& component, std::string_view path) const
+{
+    if (FSteps.empty() || FDone != FSteps.size() || FApplied == FDone)
+        return false;
+    const TStep& last = FSteps.back();
+    return last.Joins && last.Part == &component && last.Path == path;
+}
+
+void TLookHistory::ChangeAgain(const std::function<void()>& action)
+{
+    TStep& last = FSteps.back();
+    Restore(last.Differences, &TDifference::Before);
+    try {
+        last.Differences = Recorded(last.Text, action).Differences;
+    } catch (...) {
+        Restore(last.Differences, &TDifference::After);
+        throw;
+    }
+    for (const TDifference& difference : last.Differences)
+        Watch(difference);
+    if (last.Differences.empty()) {
+        FSteps.pop_back();
+        --FDone;
+    }
+    OnChanged();
+}
+
+void TLookHistory::EndJoining()
+{
+    if (!FSteps.empty())
+        FSteps.back().Joins = false;
 }
 
 void TLookHistory::Perform(const std::string& text, const std::function<void()>& action)
@@ -134,21 +171,8 @@ void TLookHistory::Append(TStep step)
     FSteps.resize(FDone);
     for (const TDifference& difference : step.Differences)
         Watch(difference);
-    TStep* last = FSteps.empty() ? nullptr : &FSteps.back();
-    if (last && step.Joins && last->Joins && last->Part == step.Part && last->Path == step.Path && FApplied != FDone) {
-        for (TDifference& difference : step.Differences) {
-            const auto same = std::ranges::find_if(last->Differences, [&](const TDifference& earlier) {
-                return earlier.Part == difference.Part && earlier.Path == difference.Path;
-            });
-            if (same == last->Differences.end())
-                last->Differences.push_back(std::move(difference));
-            else
-                same->After = difference.After;
-        }
-    } else {
-        FSteps.push_back(std::move(step));
-        ++FDone;
-    }
+    FSteps.push_back(std::move(step));
+    ++FDone;
     OnChanged();
 }
 
@@ -202,7 +226,7 @@ void TLookHistory::Redo()
 
 void TLookHistory::Revert()
 {
-    if (!FGraph || FApplied == Unreachable)
+    if (!FGraph || !CanRevert())
         return;
     while (FDone > FApplied)
         Undo();

@@ -22,9 +22,12 @@ public:
     TKx2DGraph* Graph() const { return FGraph; }
 
     /// Sets a property. Steps that `joins` and change the same property as the step before become one: typing and
-    /// dragging are undone together. Nothing happens when the value stands already. When the setter raises, everything
-    /// stays as it was and the error is passed on; EConvertError for a path that the component does not have.
+    /// dragging are undone together, and what half-typed values did to other properties is taken back. Nothing happens
+    /// when the value stands already. When the setter raises, everything stays as it was and the error is passed on;
+    /// EConvertError for a path that the component does not have.
     void Change(TComponent& component, std::string_view path, const TLookValue& value, bool joins = false);
+    /// The next step does not join the last one: the user has turned to something else.
+    void EndJoining();
     /// Any other change of the look as one step.
     void Perform(const std::string& text, const std::function<void()>& action);
 
@@ -39,6 +42,8 @@ public:
     /// What stands now is what `Revert` goes back to.
     void Apply() { FApplied = FDone; }
     bool IsApplied() const { return FApplied == FDone; }
+    /// False also when what was applied has been undone and other changes stand in its place.
+    bool CanRevert() const { return !IsApplied() && FApplied <= FSteps.size(); }
     /// Undoes, or brings again, all steps since the last `Apply`; they can be redone.
     void Revert();
 
@@ -79,6 +84,8 @@ private:
     bool SetStates(const std::vector<TDifference>& differences, TLookValue TDifference::*side);
     void Restore(const std::vector<TDifference>& differences, TLookValue TDifference::*side);
     void Append(TStep step);
+    bool Joins(const TComponent& component, std::string_view path) const;
+    void ChangeAgain(const std::function<void()>& action);
     void Watch(const TDifference& difference);
     void Forget(const TComponent* part);
 

@@ -237,6 +237,15 @@ bool IsLookRowEnabled(TComponent& component, const TLookPage& page, const TLookR
     return !needed || PropertyText(*needed.Row, std::get<TPropertyValue>(needed.Value())) == row.NeedsValue;
 }
 
+std::string LookRowName(TComponent& component, std::string_view path)
+{
+    for (const TLookPage& page : FamilyPages(component))
+        for (const TLookRow& row : page.Rows)
+            if (page.PathOf(row) == path)
+                return std::string(row.Text) + (page.Prefix.empty() ? "" : " (" + std::string(page.Text) + ")");
+    return std::string(path);
+}
+
 std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component, const std::string& path)
 {
     const auto* standing = std::get<TComponent*>(FindLookProperty(component, path).Value());

@@ -56,6 +56,9 @@ bool HasLookRow(TComponent& component, const TLookPage& page, const TLookRow& ro
 /// Whether the property has an effect as the part stands.
 bool IsLookRowEnabled(TComponent& component, const TLookPage& page, const TLookRow& row);
 
+/// What a property is called in messages: "Width (Line)"; the path itself for one that no page shows.
+std::string LookRowName(TComponent& component, std::string_view path);
+
 /// Components of the graph that a link of one of its parts can be set to, in the order of the outline.
 std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component, const std::string& path);
 

@@ -88,8 +88,9 @@ void KxGraphWidget::Guarded(const std::function<void()>& action)
 void KxGraphWidget::FitRoot()
 {
     const double ratio = devicePixelRatioF();
-    const int wide = static_cast<int>(std::lround(width() * ratio));
-    const int high = static_cast<int>(std::lround(height() * ratio));
+    const QSize size = RootRect().size();
+    const int wide = static_cast<int>(std::lround(size.width() * ratio));
+    const int high = static_cast<int>(std::lround(size.height() * ratio));
     if (!FRoot || (FRoot->OwnPixelScale() == ratio && FRoot->GetWidth() == wide && FRoot->GetHeight() == high))
         return;
     Guarded([&] {
@@ -142,16 +143,21 @@ QImage KxGraphWidget::Shown()
 
 void KxGraphWidget::paintEvent(QPaintEvent*)
 {
+    QPainter painter(this);
+    DrawRoot(painter);
+}
+
+void KxGraphWidget::DrawRoot(QPainter& painter)
+{
     FAsksForPaint = false;
     QImage shown = Shown();
-    QPainter painter(this);
     if (shown.isNull()) {
-        painter.fillRect(rect(), palette().window());
+        painter.fillRect(RootRect(), palette().window());
         return;
     }
     FShown = {};
     shown.setDevicePixelRatio(devicePixelRatioF());
-    painter.drawImage(0, 0, shown);
+    painter.drawImage(RootRect().topLeft(), shown);
     shown.setDevicePixelRatio(1);
     FShown = std::move(shown);
 }
@@ -198,8 +204,8 @@ void KxGraphWidget::ShowPointerOf(TControl* control)
 
 TPoint KxGraphWidget::RootPixel(QPointF at) const
 {
-    const double ratio = devicePixelRatioF();
-    return {static_cast<int>(std::floor(at.x() * ratio)), static_cast<int>(std::floor(at.y() * ratio))};
+    const QPointF inside = (at - RootRect().topLeft()) * devicePixelRatioF();
+    return {static_cast<int>(std::floor(inside.x())), static_cast<int>(std::floor(inside.y()))};
 }
 
 void KxGraphWidget::Serve(QEvent* event, const std::function<void(TWindowControl&)>& action)

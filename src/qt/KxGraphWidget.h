@@ -10,7 +10,7 @@
 
 namespace plotkit {
 
-/// Carries the tree of one root, which it sizes to its own size in device pixels. The tree is painted into an image of
+/// Carries the tree of one root, which it sizes to `RootRect` in device pixels. The tree is painted into an image of
 /// exactly these pixels when something in it changed; the overlay is drawn on a copy, so that its exclusive-or shapes
 /// work on every platform. Errors raised by painting or by the tree's handlers go to Host().HandleError.
 class KxGraphWidget : public QWidget
@@ -32,6 +32,15 @@ public:
     QSize minimumSizeHint() const override { return {40, 30}; }
 
 protected:
+    /// Where the root stands in the widget; it may reach beyond it.
+    virtual QRect RootRect() const { return rect(); }
+    /// Draws what `Shown` tells, where the root stands.
+    void DrawRoot(QPainter& painter);
+    void FitRoot();
+    TPoint RootPixel(QPointF at) const;
+    /// Errors go to Host().HandleError.
+    void Guarded(const std::function<void()>& action);
+
     void paintEvent(QPaintEvent* event) override;
     void resizeEvent(QResizeEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
@@ -47,15 +56,12 @@ private:
     class TSite;
 
     void Attach(TWindowControl* root);
-    void Guarded(const std::function<void()>& action);
     void Serve(QEvent* event, const std::function<void(TWindowControl&)>& action);
     void Press(QMouseEvent* event, bool isDouble);
     void Release(QMouseEvent* event, Qt::MouseButton button);
     void ReleaseLost(QMouseEvent* event);
-    void FitRoot();
     void PaintPicture();
     void PaintOverlay();
-    TPoint RootPixel(QPointF at) const;
     void PictureInvalidated();
     void OverlayInvalidated();
     void AskForPaint();

@@ -141,7 +141,7 @@ TEST_F(TLook, StepsJoinAreNamedAndApplied)
     const auto width = [](std::int64_t value) { return TLookValue(TPropertyValue(value)); };
     history.Change(series, "LineStyle.Width", width(2), true);
     history.Change(series, "LineStyle.Width", width(3), true);
-    EXPECT_EQ(history.UndoText(), "LineStyle.Width of Series: measured");
+    EXPECT_EQ(history.UndoText(), "Width (Line) of Series: measured");
     history.Apply();
     history.Change(series, "LineStyle.Width", width(4), true);
     history.Undo();

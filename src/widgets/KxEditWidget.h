@@ -1,0 +1,61 @@
+// The job of KxEditWidget is what the widgets of all edits share: the frame of a line edit, its menu, its end.
+#pragma once
+
+#include "host/CustomEdit.h"
+#include "widgets/KxControlWidget.h"
+
+class QMenu;
+
+namespace plotkit {
+
+class TKxEditWidget : public TKxControlWidget
+{
+public:
+    TCustomEdit& Edit() const { return static_cast<TCustomEdit&>(*Root()); }
+
+    /// After changes by the user, once: Enter was pressed, or the focus went elsewhere. The value is final then.
+    std::function<void()> OnFinished;
+
+    bool GetReadOnly() const { return Edit().GetReadOnly(); }
+    void SetReadOnly(bool readOnly);
+    /// Average letters that the widget would like to have room for.
+    void SetRoom(int letters);
+
+    QString ValueText() const override;
+    QSize sizeHint() const override;
+
+protected:
+    TKxEditWidget(std::unique_ptr<TCustomEdit> edit, QWidget* parent);
+
+    /// The part of the widget that the frame takes.
+    virtual QRect FrameRect() const { return rect(); }
+    virtual void FillMenu(QMenu& menu);
+    /// What an action of the menu does; the edit has the focus then.
+    void AddAction(QMenu& menu, const QString& text, const QKeySequence& key, bool enabled,
+                   const std::function<void()>& action);
+    /// Whether the present value is another one than the last that was told or set.
+    virtual bool IsNewValue() { return true; }
+    /// For `OnChange` of the control.
+    void EditChanged();
+
+    QRect RootRect() const override;
+    void PaintChrome(QPainter& painter) override;
+    void Follow() override;
+    void focusInEvent(QFocusEvent* event) override;
+    void focusOutEvent(QFocusEvent* event) override;
+    void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
+    void mouseReleaseEvent(QMouseEvent* event) override;
+    void contextMenuEvent(QContextMenuEvent* event) override;
+
+private:
+    void Finish();
+    void TellPlace();
+
+    int FRoom = 17;
+    int FToldCaret = 0, FToldAnchor = 0;
+    bool FChangedByUser = false;
+    bool FTextChanged = false;
+};
+
+}  // namespace plotkit

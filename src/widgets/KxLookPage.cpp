@@ -1,0 +1,154 @@
+#include "widgets/KxLookPage.h"
+
+#include <QEvent>
+#include <QFormLayout>
+#include <QKeyEvent>
+#include <QLabel>
+#include <QTimer>
+
+namespace plotkit {
+
+namespace {
+
+/// The keys that undo and redo changes of the look, wherever the focus is.
+bool IsUndoKey(const QKeyEvent& key)
+{
+    return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) ||
+           (key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_Y);
+}
+
+bool HasFocusInside(const QWidget& widget)
+{
+    const QWidget* focused = widget.window()->focusWidget();
+    return focused && (focused == &widget || widget.isAncestorOf(focused));
+}
+
+}  // namespace
+
+TKxLookPage::TKxLookPage(std::shared_ptr<TLookHistory> history, TComponent& part, const TLookPage& page,
+                         TKxRecentColors& recent, QWidget* parent)
+    : QScrollArea(parent), FHistory(std::move(history)), FPart(part), FAlive(part.Lifeline().Watch()), FPage(page)
+{
+    auto* sheet = new QWidget(this);
+    auto* rows = new QFormLayout(sheet);
+    rows->setFieldGrowthPolicy(QFormLayout::ExpandingFieldsGrow);
+    for (const TLookRow& row : page.Rows)
+        if (HasLookRow(part, page, row))
+            Add(*rows, row, recent);
+    setWidget(sheet);
+    setWidgetResizable(true);
+    setFrameShape(QFrame::NoFrame);
+    Refresh();
+}
+
+void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& recent)
+{
+    const std::size_t index = FFields.size();
+    const std::string path = FPage.PathOf(row);
+    const auto edited = [this, index](const TLookValue& value, bool joins) { Edit(index, value, joins); };
+    TKxLookField field = NewLookField({*FHistory->Graph(), FPart, path, row, &recent, edited}, rows.parentWidget());
+    const QString text = QString::fromUtf8(row.Text.data(), static_cast<qsizetype>(row.Text.size()));
+    field.Widget->setObjectName(QString::fromStdString(path));
+    if (field.Widget->accessibleName().isEmpty())
+        field.Widget->setAccessibleName(text);
+    QLabel* label = nullptr;
+    if (!field.HasOwnText) {
+        label = new QLabel(text, rows.parentWidget());
+        label->setBuddy(field.Widget);
+    }
+    if (label)
+        rows.addRow(label, field.Widget);
+    else
+        rows.addRow(QString(), field.Widget);
+    QList<QWidget*> watched = field.Widget->findChildren<QWidget*>();
+    watched << field.Widget;
+    for (QWidget* widget : watched) {
+        widget->setProperty("field", static_cast<int>(index));
+        widget->installEventFilter(this);
+    }
+    FFields.push_back({&row, path, std::move(field), label, {}});
+    Show(FFields.back());
+}
+
+void TKxLookPage::Show(TField& field)
+{
+    field.Shown = FindLookProperty(FPart, field.Path).Value();
+    field.Field.Show(field.Shown);
+}
+
+bool TKxLookPage::IsStale(const TField& field) const
+{
+    const TLookProperty property = FindLookProperty(FPart, field.Path);
+    // The names of parts and the kind of an axis change with other properties.
+    const bool dependsOnOthers = property.Row->Kind == pkReference || field.Row->Editor == leAxisValue;
+    return property.Value() != field.Shown || (dependsOnOthers && !HasFocusInside(*field.Field.Widget));
+}
+
+void TKxLookPage::Refresh()
+{
+    if (!HasPart())
+        return;
+    for (TField& field : FFields) {
+        const bool isEnabled = IsLookRowEnabled(FPart, FPage, *field.Row);
+        field.Field.Widget->setEnabled(isEnabled);
+        if (field.Label)
+            field.Label->setEnabled(isEnabled);
+        if (!FEditing && IsStale(field))
+            Show(field);
+    }
+}
+
+void TKxLookPage::Edit(std::size_t index, const TLookValue& value, bool joins)
+{
+    if (FEditing || !HasPart())
+        return;
+    TField& field = FFields[index];
+    QString problem;
+    FEditing = true;
+    try {
+        FHistory->Change(FPart, field.Path, value, joins);
+    } catch (const std::exception& error) {
+        problem = QString::fromUtf8(error.what());
+    }
+    FEditing = false;
+    if (HasPart()) {
+        field.Shown = FindLookProperty(FPart, field.Path).Value();
+        Refresh();
+    }
+    if (OnEdited)
+        OnEdited(problem);
+}
+
+void TKxLookPage::Leave(std::size_t index)
+{
+    if (!HasPart() || HasFocusInside(*FFields[index].Field.Widget))
+        return;
+    FHistory->EndJoining();
+    Show(FFields[index]);
+}
+
+bool TKxLookPage::eventFilter(QObject* object, QEvent* event)
+{
+    const std::size_t index = static_cast<std::size_t>(object->property("field").toInt());
+    switch (event->type()) {
+        case QEvent::ShortcutOverride:
+            if (!IsUndoKey(static_cast<const QKeyEvent&>(*event)))
+                break;
+            event->ignore();
+            return true;
+        case QEvent::Wheel:
+            // Scrolling a page is not to change what the pointer comes across.
+            if (HasFocusInside(*FFields[index].Field.Widget))
+                break;
+            event->ignore();
+            return true;
+        case QEvent::FocusOut:
+            QTimer::singleShot(0, this, [this, index] { Leave(index); });
+            break;
+        default:
+            break;
+    }
+    return QScrollArea::eventFilter(object, event);
+}
+
+}  // namespace plotkit
