@@ -46,7 +46,7 @@ struct TReplayer
     }
     void operator()(const TLinesCommand& c) const
     {
-        Device.Lines(plotkit::Moved(c.Ends, Shift), c.Pen, Moved(c.State));
+        Device.Lines(TMovedPoints(c.Ends, Shift), c.Pen, Moved(c.State));
     }
     void operator()(const TPolylineCommand& c) const
     {
