@@ -39,10 +39,13 @@ protected:
 
 private:
     void RecordChanged();
+    /// The elements are not those of the records: an edit may have mended what could not be read.
+    void LoadAgain();
     void LoadRecords(TDataSet& dataSet, int field);
 
     TFieldDataLink FDataLink;
     int FFirstRecNo = 0;
+    std::string FTrouble;  ///< why the last load failed; empty when it did not
 };
 
 }  // namespace plotkit
