@@ -33,7 +33,7 @@ constinit const TClassInfo TKxDBVector::Class{"TKxDBVector", &TKxCustomRealVecto
 TKxDBVector::TKxDBVector(TComponent* owner) : TKxCustomRealVector(owner), FDataLink(*this)
 {
     FDataLink.OnDataChange = TEvent<>::Bind<&TKxDBVector::RecordChanged>(this);
-    FDataLink.OnUpdateData = TEvent<>::Bind<&TKxDBVector::UpdateVector>(this);
+    FDataLink.OnUpdateData = TEvent<>::Bind<&TKxDBVector::LoadAgain>(this);
     FDataLink.OnActiveChange = TEvent<>::Bind<&TKxDBVector::UpdateVector>(this);
 }
 

@@ -39,7 +39,7 @@ protected:
 
 private:
     void RecordChanged();
-    /// The elements are not those of the records: an edit may have mended what could not be read.
+    /// What could not be loaded and still cannot is not said again: a live table would repeat it without end.
     void LoadAgain();
     void LoadRecords(TDataSet& dataSet, int field);
 

@@ -159,6 +159,7 @@ TEST_F(DBVectorTest, AnEditMendsWhatCouldNotBeLoaded)
         Memory.SetField(1, value);
     };
     set(1, 16.0);  // not said again
+    Memory.Refresh();
     EXPECT_EQ(Vector.GetCount(), 0);
     EXPECT_THROW(set(2, "low"), EConvertError);
     EXPECT_THROW(set(2, 26.0), EConvertError);  // record 5 again
@@ -186,12 +187,12 @@ TEST_F(DBVectorTest, EveryEditReachesItsOwnRecord)
     Memory.Delete();
     Memory.Insert();
     Memory.SetField(1, 16.0);
-    Memory.SetRecNo(3);
+    Memory.SetRecNo(3);  // 45, behind the record to be inserted the fourth
     Memory.Edit();
     Memory.SetField(1, 37.0);
     Memory.Post();
     Memory.EnableControls();
-    EXPECT_EQ(Elements(), (TReals{16, 25, 37, 45, 55, 65}));
+    EXPECT_EQ(Elements(), (TReals{16, 25, 36, 37, 55, 65}));
 }
 
 TEST_F(DBVectorTest, LinksGoWithEitherEnd)
