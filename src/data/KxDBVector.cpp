@@ -1,5 +1,7 @@
 #include "data/KxDBVector.h"
 
+#include "host/Errors.h"
+
 namespace plotkit {
 
 namespace {
@@ -31,7 +33,7 @@ constinit const TClassInfo TKxDBVector::Class{"TKxDBVector", &TKxCustomRealVecto
 TKxDBVector::TKxDBVector(TComponent* owner) : TKxCustomRealVector(owner), FDataLink(*this)
 {
     FDataLink.OnDataChange = TEvent<>::Bind<&TKxDBVector::RecordChanged>(this);
-    FDataLink.OnUpdateData = TEvent<>::Bind<&TKxDBVector::UpdateVector>(this);
+    FDataLink.OnUpdateData = TEvent<>::Bind<&TKxDBVector::LoadAgain>(this);
     FDataLink.OnActiveChange = TEvent<>::Bind<&TKxDBVector::UpdateVector>(this);
 }
 
@@ -42,8 +44,6 @@ TKxDBVector::~TKxDBVector()
 
 void TKxDBVector::SetDataSource(TDataSource* source)
 {
-    if (source == GetDataSource())
-        return;
     FDataLink.SetDataSource(source);
     if (source)
         UpdateVector();
@@ -79,7 +79,9 @@ void TKxDBVector::LoadRecords(TDataSet& dataSet, int field)
     const auto back = [&] { current > first ? dataSet.SetRecNo(current) : dataSet.First(); };
     try {
         Refill(dataSet.ReadField(field));
-    } catch (...) {
+        FTrouble.clear();
+    } catch (const std::exception& error) {
+        FTrouble = error.what();
         back();
         throw;
     }
@@ -93,8 +95,23 @@ void TKxDBVector::RecordChanged()
     if (FDataLink.Field() < 0)
         return;
     const TDataSet& dataSet = *FDataLink.DataSet();
-    if (dataSet.IsEditing() && dataSet.IsModified())
+    if (!dataSet.IsEditing() || !dataSet.IsModified())
+        return;
+    if (FTrouble.empty())
         SetRecord(dataSet.GetRecNo());
+    else
+        LoadAgain();
+}
+
+void TKxDBVector::LoadAgain()
+{
+    const std::string known = FTrouble;
+    try {
+        UpdateVector();
+    } catch (const EError& error) {
+        if (error.Message() != known)
+            throw;
+    }
 }
 
 void TKxDBVector::SetRecord(int recNo)

@@ -39,10 +39,13 @@ protected:
 
 private:
     void RecordChanged();
+    /// What could not be loaded and still cannot is not said again: a live table would repeat it without end.
+    void LoadAgain();
     void LoadRecords(TDataSet& dataSet, int field);
 
     TFieldDataLink FDataLink;
     int FFirstRecNo = 0;
+    std::string FTrouble;  ///< why the last load failed; empty when it did not
 };
 
 }  // namespace plotkit

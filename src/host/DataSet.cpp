@@ -179,11 +179,20 @@ void TDataSet::Leave()
         Cancel();
 }
 
+void TDataSet::FinishEdit()
+{
+    if (!IsEditing())
+        return;
+    const int walked = FIsWalking ? FRow : -1;
+    const int edited = FEditRow;
+    const int before = RecordCount();
+    IsModified() ? Post() : Cancel();
+    if (walked >= 0)
+        FRow = RecordCount() > before && edited <= walked ? walked + 1 : walked;
+}
+
 void TDataSet::BeginEdit(TDataSetState state, int row)
 {
-    CheckOpen();
-    if (IsEditing())
-        IsModified() ? Post() : Cancel();
     FState = state;
     FRow = FEditRow = row;
     FIsWalking = false;
@@ -195,16 +204,21 @@ void TDataSet::Edit()
     CheckOpen();
     if (IsEditing() && !FIsWalking)
         return;
+    FinishEdit();
     IsEnd() ? Append() : BeginEdit(dsEdit, FRow);
 }
 
 void TDataSet::Insert()
 {
+    CheckOpen();
+    FinishEdit();
     BeginEdit(dsInsert, std::min(FRow, RecordCount()));
 }
 
 void TDataSet::Append()
 {
+    CheckOpen();
+    FinishEdit();
     BeginEdit(dsInsert, RecordCount());
 }
 
@@ -262,7 +276,9 @@ void TDataSet::Cancel()
 void TDataSet::Delete()
 {
     CheckOpen();
-    if (IsEditing() && !FIsWalking) {
+    if (IsEditing() && FIsWalking && !(FState == dsEdit && FRow == FEditRow))
+        FinishEdit();
+    if (IsEditing()) {
         const bool wasNew = FState == dsInsert;
         Cancel();
         if (wasNew)

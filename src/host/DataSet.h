@@ -118,6 +118,8 @@ private:
     friend class TDataSource;
 
     bool OnNewRecord() const { return FState == dsInsert && !FIsWalking; }
+    /// Posts or gives up an edit; the cursor stays on its record.
+    void FinishEdit();
     void BeginEdit(TDataSetState state, int row);
     void EndEdit(int row);
     void Leave();

@@ -149,6 +149,52 @@ TEST_F(DBVectorTest, ManyEditsAreOneLoadAndTroubleKeepsTheValues)
     EXPECT_FALSE(Memory.ControlsDisabled());
 }
 
+TEST_F(DBVectorTest, AnEditMendsWhatCouldNotBeLoaded)
+{
+    Memory.AddRecord({0.0, "off"});
+    EXPECT_THROW(Memory.Open(), EConvertError);
+    const auto set = [&](int recNo, const TFieldValue& value) {
+        Memory.SetRecNo(recNo);
+        Memory.Edit();
+        Memory.SetField(1, value);
+    };
+    set(1, 16.0);  // not said again
+    Memory.Refresh();
+    EXPECT_EQ(Vector.GetCount(), 0);
+    EXPECT_THROW(set(2, "low"), EConvertError);
+    EXPECT_THROW(set(2, 26.0), EConvertError);  // record 5 again
+    set(5, 55.0);
+    EXPECT_EQ(Elements(), (TReals{16, 26, 35, 45, 55}));
+    Heard();
+    Vector.SetDataSource(&Source);
+    EXPECT_EQ(Heard(), "-1d ");
+}
+
+TEST_F(DBVectorTest, EveryEditReachesItsOwnRecord)
+{
+    Memory.Open();
+    for (const double v : {55.0, 65.0}) {
+        Memory.Append();
+        Memory.SetField(1, v);
+    }
+    Memory.Post();
+    EXPECT_EQ(Elements(), (TReals{15, 25, 35, 45, 55, 65}));
+    Memory.DisableControls();
+    Memory.SetRecNo(3);
+    Memory.Edit();
+    Memory.SetField(1, 36.0);
+    Memory.First();
+    Memory.Delete();
+    Memory.Insert();
+    Memory.SetField(1, 16.0);
+    Memory.SetRecNo(3);  // 45, behind the record to be inserted the fourth
+    Memory.Edit();
+    Memory.SetField(1, 37.0);
+    Memory.Post();
+    Memory.EnableControls();
+    EXPECT_EQ(Elements(), (TReals{16, 25, 36, 37, 55, 65}));
+}
+
 TEST_F(DBVectorTest, LinksGoWithEitherEnd)
 {
     TMemoryDataSet other(nullptr);

@@ -149,9 +149,16 @@ TEST_P(DatabaseTest, AServerThatIsGoneIsWaitedFor)
     Do("DELETE FROM log WHERE id > 1");
     Do("NOTIFY news");
     EXPECT_TRUE(WaitsFor("5 ")) << Shown();
+    Do("BEGIN");
+    Do("LOCK TABLE log");
+    EXPECT_NE(MessageOf<EFileError>([&] { Open(); }).find("lock timeout"), std::string::npos);
+    Do("ROLLBACK");
     Options.Database->User = "nobody";
     Notes.push_back(MessageOf<EFileError>([&] { Open(); }));
     EXPECT_NE(Notes.back().find("password authentication failed"), std::string::npos);
+    Options.Database->User.clear();
+    Notes.push_back(MessageOf<EFileError>([&] { Open(); }));
+    EXPECT_NE(Notes.back().find("failed for the user"), std::string::npos) << Notes.back();
     for (const std::string& note : Notes)
         for (const char* secret : {"se-cret", "owner", "nobody"})
             EXPECT_EQ(note.find(secret), std::string::npos) << note;

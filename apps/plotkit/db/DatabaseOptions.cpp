@@ -4,6 +4,7 @@
 
 #include "host/Errors.h"
 #include "plotkit/Options.h"
+#include "plotkit/db/ReadingStatement.h"
 
 namespace plotkit {
 
@@ -35,7 +36,7 @@ void ReadDatabase(const CLI::App& command, const TDatabaseTexts& texts, TOptions
         for (const char* option : {"--query", "--table", "--password-file", "--listen"})
             if (command.get_option_no_throw(option) && command.count(option))
                 Fail(option, "name the database with --db");
-        if (NamesDatabase(options.File))
+        if (NamesDatabase(options.File) || MayHoldPassword(options.File))
             Fail("FILE", "a database is named with --db");
         return;
     }
@@ -44,6 +45,7 @@ void ReadDatabase(const CLI::App& command, const TDatabaseTexts& texts, TOptions
     if (command.count("--query") && command.count("--table"))
         Fail("--query", "goes not together with --table");
     TDatabaseWish wish = ParseDatabase(texts.Place);
+    CheckReads(texts.Query);
     wish.Query = texts.Query;
     wish.Table = texts.Table;
     wish.PasswordFile = texts.PasswordFile;

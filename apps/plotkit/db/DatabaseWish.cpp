@@ -86,9 +86,7 @@ void ReadParameters(std::string_view text, TDatabaseWish& wish)
         else
             text = {};
         const auto name = TakeUntil(pair, '=');
-        if (name == "password")
-            FailPassword();
-        else if (name == "host")
+        if (name == "host")
             wish.Host = Decoded(pair);
         else if (name == "sslmode")
             wish.SslMode = Decoded(pair);
@@ -104,6 +102,15 @@ bool NamesDatabase(std::string_view text)
     return text.starts_with(Sqlite) || text.starts_with(Servers[0]) || text.starts_with(Servers[1]);
 }
 
+bool MayHoldPassword(std::string_view text)
+{
+    const std::size_t scheme = text.find(":/");
+    const bool isSuspect = text.find("password=") != std::string_view::npos ||
+                           (scheme != std::string_view::npos && text.find('@', scheme) != std::string_view::npos);
+    std::error_code error;
+    return isSuspect && !std::filesystem::exists(text, error);
+}
+
 TDatabaseWish ParseDatabase(std::string_view text)
 {
     TDatabaseWish wish;
@@ -112,10 +119,14 @@ TDatabaseWish ParseDatabase(std::string_view text)
     wish.IsServer = !text.starts_with(Sqlite);
     if (!wish.IsServer) {
         wish.Name = text.substr(Sqlite.size());
+        if (MayHoldPassword(wish.Name) || (wish.Name.starts_with("//") && MayHoldPassword(text)))
+            Fail("behind sqlite: stands the name of a file, no server");
         if (wish.Name.empty())
             Fail("behind sqlite: stands the name of the file");
         return wish;
     }
+    if (text.find("password=") != std::string_view::npos)
+        FailPassword();
     TakeUntil(text, '/');
     TakeUntil(text, '/');
     std::string_view rest = text;
@@ -135,6 +146,9 @@ TDatabaseWish ParseDatabase(std::string_view text)
     ReadPlace(place, wish);
     if (!host.empty())
         wish.Host = host;
+    // In front of it may be a password.
+    if (wish.Host.find('@', 1) != std::string::npos)
+        Fail("the name of a server has no @ in it");
     if (place.size() == front.size() || name.empty())
         Fail("behind the server stands the name of the database: postgresql://USER@HOST:PORT/DATABASE");
     wish.Name = Decoded(name);

@@ -30,6 +30,8 @@ struct TDatabaseWish
 TDatabaseWish ParseDatabase(std::string_view text);
 /// Whether a text looks like one of these.
 bool NamesDatabase(std::string_view text);
+/// Whether a text that names no file that is there may have a password in it, and is not to be repeated.
+bool MayHoldPassword(std::string_view text);
 
 /// What messages call it: "sqlite:log.db", "postgresql://host:5433/data". No user.
 std::string LabelOf(const TDatabaseWish& wish);

@@ -136,8 +136,10 @@ void TDatabaseOrigin::Configure(QSqlDatabase database) const
         database.setPort(FWish.Port);
     database.setUserName(QString::fromStdString(FWish.User));
     database.setPassword(QString::fromStdString(Password()));
-    // The window waits while a connection is made.
-    QString options = "connect_timeout=3;application_name=plotkit;options='-c default_transaction_read_only=on'";
+    // The window waits while a connection is made, for a table that another holds, and until a lost server is missed.
+    QString options =
+        "connect_timeout=3;tcp_user_timeout=5000;keepalives_idle=5;keepalives_interval=2;keepalives_count=2;"
+        "application_name=plotkit;options='-c default_transaction_read_only=on -c lock_timeout=3000'";
     if (!FWish.SslMode.empty())
         options += ";sslmode='" + QString::fromStdString(FWish.SslMode).remove('\'').remove(';') + "'";
     database.setConnectOptions(options);
@@ -146,8 +148,8 @@ void TDatabaseOrigin::Configure(QSqlDatabase database) const
 std::string TDatabaseOrigin::Said(const std::string& text) const
 {
     QString shown = QString::fromStdString(text);
-    if (!FWish.User.empty())
-        shown.replace("user \"" + QString::fromStdString(FWish.User) + "\"", "the user");
+    // Also the one that was not given, but is the default.
+    shown.replace(QRegularExpression("\\b(user|role) \"[^\"]*\""), "the \\1");
     // Where it is the label says.
     shown.remove(QRegularExpression("^connection to server (at|on) .*? failed: "));
     if (shown.contains("no password supplied"))
