@@ -121,7 +121,10 @@ private:
         auto* const series = new TKxBarSeries(&FForm);
         const bool isAlone = FChoice.Ys.size() == 1;
         const TColor color = FKind.Solid ? NoBrighter(ColorOf(i)) : FScheme.Areas[i % SchemeColours];
-        series->GetLineStyle().SetColor(FKind.Solid ? FScheme.Ink : ColorOf(i));
+        // Frames of many blocks would be all that is seen.
+        const bool isNarrow = CountOf(i) * (FKind.Shifted ? FChoice.Ys.size() : 1) > MostPointsWithSymbols;
+        const TColor frame = isNarrow ? color : FScheme.Ink;
+        series->GetLineStyle().SetColor(FKind.Solid ? frame : ColorOf(i));
         series->GetLineStyle().SetVisible(FOptions.Line);
         series->GetAreaStyle().SetColor(color);
         series->GetAreaStyle().SetDrawXOred(!isAlone && !FKind.Stacked && !FKind.Shifted && !FKind.Solid);

@@ -65,6 +65,20 @@ void TKxArrowSeries::SetTipWidth(int width)
     Modified();
 }
 
+void TKxArrowSeries::SetXData(TKxCustomRealVector* vector)
+{
+    const TKxCustomRealVector* const before = GetXData();
+    TKxNotCalculatedSeries::SetXData(vector);
+    KeepExtraVector(*this, FShifts, true, before);
+}
+
+void TKxArrowSeries::SetYData(TKxCustomRealVector* vector)
+{
+    const TKxCustomRealVector* const before = GetYData();
+    TKxNotCalculatedSeries::SetYData(vector);
+    KeepExtraVector(*this, FShifts, false, before);
+}
+
 double TKxArrowSeries::ShiftOf(const TKxExtraVector& shift, int i) const
 {
     return i >= 0 && i < shift.Count() && SampleLine()->GetVisible() ? shift.Data->GetValue(i) : 0;

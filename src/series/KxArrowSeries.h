@@ -38,6 +38,8 @@ public:
     const TKxIntegerVector& EndX() const { return FShifts[0].Pixels; }
     const TKxIntegerVector& EndY() const { return FShifts[1].Pixels; }
 
+    void SetXData(TKxCustomRealVector* vector) override;
+    void SetYData(TKxCustomRealVector* vector) override;
     void CalculatePoints() override;
     void DrawLine() override;
     void WriteToIni(TKxIniList& list, const std::string& section) override;

@@ -75,6 +75,20 @@ void TKxDataWithErrorSeries::SetErrorColor(TColor color)
     Modified();
 }
 
+void TKxDataWithErrorSeries::SetXData(TKxCustomRealVector* vector)
+{
+    const TKxCustomRealVector* const before = GetXData();
+    TKxDataSeries::SetXData(vector);
+    KeepExtraVector(*this, FErrors, true, before);
+}
+
+void TKxDataWithErrorSeries::SetYData(TKxCustomRealVector* vector)
+{
+    const TKxCustomRealVector* const before = GetYData();
+    TKxDataSeries::SetYData(vector);
+    KeepExtraVector(*this, FErrors, false, before);
+}
+
 double TKxDataWithErrorSeries::ErrorOf(TSide side, int i) const
 {
     const TKxExtraVector& error = FErrors[side];

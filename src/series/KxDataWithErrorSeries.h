@@ -37,6 +37,8 @@ public:
     double GetYPlusD(int i) const { return ErrorOf(YPlus, i); }
     double GetYMinusD(int i) const { return ErrorOf(YMinus, i); }
 
+    void SetXData(TKxCustomRealVector* vector) override;
+    void SetYData(TKxCustomRealVector* vector) override;
     void CalculatePoints() override;
     void WriteToIni(TKxIniList& list, const std::string& section) override;
     void ReadFromIni(TKxIniList& list, const std::string& section) override;

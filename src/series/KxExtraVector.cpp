@@ -45,6 +45,15 @@ void LinkExtraVector(TKxSeries& series, std::span<TKxExtraVector> all, TKxExtraV
     series.DsgnUpdate();
 }
 
+void KeepExtraVector(TKxSeries& series, std::span<TKxExtraVector> all, bool isX, const TKxCustomRealVector* before)
+{
+    if (before == (isX ? series.GetXData() : series.GetYData()))
+        return;
+    for (TKxExtraVector& extra : all)
+        if (extra.Data && extra.Data == before && extra.IsX == isX)
+            extra.Data->ChangedList().Add(EventOf(series, extra));
+}
+
 void LeaveExtraVectors(TKxSeries& series, std::span<TKxExtraVector> all)
 {
     for (TKxExtraVector& extra : all)

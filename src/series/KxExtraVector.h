@@ -23,6 +23,8 @@ struct TKxExtraVector
 /// sample values.
 void LinkExtraVector(TKxSeries& series, std::span<TKxExtraVector> all, TKxExtraVector& extra,
                      TKxCustomRealVector* vector);
+/// One of the series' own two vectors is no longer `before`, which may still be one of the extra ones.
+void KeepExtraVector(TKxSeries& series, std::span<TKxExtraVector> all, bool isX, const TKxCustomRealVector* before);
 /// The series goes: it no longer listens to any of the vectors.
 void LeaveExtraVectors(TKxSeries& series, std::span<TKxExtraVector> all);
 /// A component goes; true when it was among the vectors.

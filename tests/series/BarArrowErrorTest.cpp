@@ -94,6 +94,11 @@ TEST_F(TKinds, OneVectorServesBothSidesAndLeavesThemOneByOne)
     Form->Picture();
     error->SetValue(0, 4);
     EXPECT_EQ(series->YRange().GetStart(), 6);
+    series->SetYData(error);
+    series->SetYData(Y);
+    Form->Picture();
+    error->SetValue(0, 5);
+    EXPECT_EQ(series->YRange().GetStart(), 5) << "it was the ordinate for a while";
     delete error;
     EXPECT_FALSE(series->GetdYMinus());
     Form->Picture();
