@@ -45,23 +45,6 @@ void SetGrid(TKxLineStyle& line, bool visible, TColor color)
     line.SetVisible(visible);
 }
 
-TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
-{
-    switch (scale) {
-        case scLinear:
-            return AxNormal;
-        case scLog:
-            return AxLog;
-        case scLogEE:
-            return AxLogEE;
-        case scTime:
-            return AxDateTime;
-        case scAuto:
-            break;
-    }
-    return isDateTime ? AxDateTime : AxNormal;
-}
-
 void SetCaption(TKxAxis& axis, const std::string& caption)
 {
     axis.SetDoUserCaption(true);
@@ -233,6 +216,23 @@ void KeepWishes(const TPlot& plot, const TOptions& options)
 
 }  // namespace
 
+TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
+{
+    switch (scale) {
+        case scLinear:
+            return AxNormal;
+        case scLog:
+            return AxLog;
+        case scLogEE:
+            return AxLogEE;
+        case scTime:
+            return AxDateTime;
+        case scAuto:
+            break;
+    }
+    return isDateTime ? AxDateTime : AxNormal;
+}
+
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
 {
     const TColourScheme& scheme = options.Scheme == ccDark ? DarkScheme() : LightScheme();
@@ -258,12 +258,13 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
     if (HasLegend(choice, options))
         AddLegend(form, *plot.Graph, choice.Ys.size(), options.Legend, scheme);
     if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay)
-        plot.DateName = x.GetUserCaption();
+        plot.DateName = plot.DateCaption = x.GetUserCaption();
     if (!options.LookFile.empty())
         plot.Notes = DressPlot(plot, options, options.LookFile);
     LeaveOutAreas(plot);
     if (plot.DateName)
         RefreshDateCaption(*plot.Graph, *plot.DateName);
+    plot.DateCaption = x.GetUserCaption();
     return plot;
 }
 
@@ -289,7 +290,7 @@ std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const s
     if (options.YScale != scAuto)
         y.SetScaling(ScalingOf(options.YScale, false));
     // A caption of the user's own is not to be overwritten by the dates.
-    if (plot.DateName && !x.GetUserCaption().starts_with(*plot.DateName))
+    if (plot.DateName && x.GetUserCaption() != *plot.DateName && x.GetUserCaption() != plot.DateCaption)
         plot.DateName.reset();
     return problems;
 }

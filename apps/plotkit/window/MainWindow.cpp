@@ -18,7 +18,6 @@
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
 #include "host/Host.h"
-#include "plotkit/DateCaption.h"
 #include "plotkit/KeptView.h"
 #include "plotkit/window/ColumnsDock.h"
 #include "plotkit/window/DesktopColours.h"
@@ -84,7 +83,12 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
     FColumns = new TColumnsDock(this);
     FColumns->OnChosen = [this](int x, const std::vector<int>& ys) {
         // The list that is being clicked is filled anew.
-        QTimer::singleShot(0, this, [this, x, ys] { Rebuild([&] { FDocument->Choose(x, ys); }); });
+        QTimer::singleShot(0, this, [this, x, ys] {
+            Rebuild([&] {
+                KeepEditedLook();
+                FDocument->Choose(x, ys);
+            });
+        });
     };
     addDockWidget(Qt::RightDockWidgetArea, FColumns);
     AddMenus();
@@ -186,7 +190,10 @@ void TMainWindow::Show(std::unique_ptr<TDocument> document)
 
 void TMainWindow::Reload()
 {
-    LoadAgain(FDocument->Options());
+    Try([this] {
+        KeepEditedLook();
+        LoadAgain(FDocument->Options());
+    });
 }
 
 void TMainWindow::LoadAgain(const TOptions& options)
@@ -204,9 +211,12 @@ void TMainWindow::LoadAgain(const TOptions& options)
 
 void TMainWindow::Follow(bool follow)
 {
-    TOptions options = FDocument->Options();
-    options.Follow = follow ? std::optional(1.0) : std::nullopt;
-    LoadAgain(options);
+    Try([&] {
+        KeepEditedLook();
+        TOptions options = FDocument->Options();
+        options.Follow = follow ? std::optional(1.0) : std::nullopt;
+        LoadAgain(options);
+    });
     FFollow->setChecked(FDocument->Options().Follow.has_value());
 }
 
@@ -261,6 +271,7 @@ void TMainWindow::ShowGraph()
     FPages->insertWidget(GraphPage, FView.get());
     FPages->setCurrentIndex(GraphPage);
     FView->setFocus();
+    ServeLook();
     FFollow->setChecked(FDocument->Options().Follow.has_value());
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
     ShowDescription();
@@ -293,22 +304,14 @@ void TMainWindow::ShowReadings()
     FReadings->setVisible(reads);
 }
 
-void TMainWindow::RefreshDates()
-{
-    if (HasGraph() && FDocument->Plot().DateName)
-        Try([this] { RefreshDateCaption(*FDocument->Plot().Graph, *FDocument->Plot().DateName); });
-}
-
-void TMainWindow::UseLook(const std::string& fileName)
-{
-    Rebuild([&] { FDocument->UseLook(fileName); });
-}
-
 void TMainWindow::SetScale(bool isX, TScaleChoice scale)
 {
     const TOptions& options = FDocument->Options();
     const TScaleChoice x = isX ? scale : options.XScale, y = isX ? options.YScale : scale;
-    Rebuild([&] { FDocument->SetScales(x, y); });
+    Rebuild([&] {
+        KeepEditedLook();
+        FDocument->SetScales(x, y);
+    });
 }
 
 void TMainWindow::SetColours(TSchemeChoice colours)
@@ -326,6 +329,7 @@ void TMainWindow::MatchScheme()
     const TKeptView view(*FDocument->Plot().Graph);
     LeaveView();
     Try([&] {
+        KeepEditedLook();
         FDocument->SetScheme(wanted);
         FDocument->Plot().Form->Picture();
         view.GiveTo(*FDocument->Plot().Graph);
