@@ -26,7 +26,7 @@ namespace {
 
 constexpr const char* Section = "Graph";
 constexpr const char* LookFiles = "Looks (*.ini)";
-constexpr int TreeWidth = 200, PagesWidth = 480, Height = 520;
+constexpr int TreeWidth = 190, PagesWidth = 550, Height = 520;
 
 TComponent* PartOf(const QTreeWidgetItem* item)
 {
