@@ -2,11 +2,13 @@
 
 #include <algorithm>
 #include <cmath>
+#include <filesystem>
 
 #include "foundation/KxLargeIni.h"
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
 #include "plotkit/ColourScheme.h"
+#include "plotkit/DateCaption.h"
 #include "plotkit/LogColumns.h"
 #include "plotkit/LookFile.h"
 #include "plotkit/TableNotes.h"
@@ -81,6 +83,29 @@ private:
     TForm& FForm;
     bool FIsDark;
 };
+
+/// What a look made by hand leaves of them.
+TOptions WithoutWishes(const TPlot& plot, TOptions options)
+{
+    const TOptions plain;
+    options.Title.reset();
+    options.XCaption.reset();
+    options.YCaption.reset();
+    options.Grid = plain.Grid;
+    options.MinorGrid = plain.MinorGrid;
+    options.Area = plain.Area;
+    options.Line = plain.Line;
+    options.Points = plain.Points;
+    if (options.Legend != lcNone)
+        options.Legend = plain.Legend;
+    const auto free = [](TScaleChoice& scale, const TKxAxis* axis) {
+        if (scale != scAuto && ScalingOf(scale, false) != axis->GetScaling())
+            scale = scAuto;
+    };
+    free(options.XScale, plot.Graph->GetPrimaryXAxis());
+    free(options.YScale, plot.Graph->GetPrimaryYAxis());
+    return options;
+}
 
 }  // namespace
 
@@ -223,6 +248,8 @@ void TDocument::SetScheme(TSchemeChoice scheme)
     TPlot plot = BuildPlot(FChoice, undressed);
     plot.DateName = FPlot.DateName;
     plot.Graph->LoadOutfit("Graph", look);
+    if (FPlot.Graph->GetPrimaryXAxis()->GetUserCaption() == FPlot.DateCaption)
+        plot.DateCaption = FPlot.DateCaption;
     if (scheme == ccDark)
         Recolour(*plot.Form, LightScheme(), DarkScheme());
     else
@@ -264,10 +291,33 @@ void TDocument::SaveLookAs(const std::string& fileName)
 {
     const TPlot plain = BuildPlot(FChoice, Undressed(FOptions));
     // The dates of the caption are those of the present view.
-    if (FPlot.DateName)
+    if (FPlot.DateName && FPlot.Graph->GetPrimaryXAxis()->GetUserCaption() == FPlot.DateCaption)
         plain.Graph->GetPrimaryXAxis()->SetUserCaption(FPlot.Graph->GetPrimaryXAxis()->GetUserCaption());
     const TLightColours light(*FPlot.Form, FOptions.Scheme == ccDark);
     SaveLook(*FPlot.Graph, *plain.Graph, FPlot.Fit, fileName);
+}
+
+std::vector<std::string> TDocument::Wear(const std::string& fileName)
+{
+    return DressPlot(FPlot, FOptions, fileName);
+}
+
+void TDocument::KeepLook(const std::string& fileName)
+{
+    // Of an earlier look nothing stays.
+    std::filesystem::remove(fileName);
+    SaveLookAs(fileName);
+    FOptions = WithoutWishes(FPlot, FOptions);
+    FOptions.LookFile = fileName;
+}
+
+void TDocument::RefreshDates()
+{
+    TKxAxis& axis = *FPlot.Graph->GetPrimaryXAxis();
+    if (!FPlot.DateName || axis.GetUserCaption() != FPlot.DateCaption)
+        return;
+    RefreshDateCaption(*FPlot.Graph, *FPlot.DateName);
+    FPlot.DateCaption = axis.GetUserCaption();
 }
 
 }  // namespace plotkit

@@ -52,8 +52,16 @@ public:
     /// colours for light desktops. The notes say what could not be used.
     void UseLook(const std::string& fileName);
 
+    /// The same for the present graph alone; returns what could not be used.
+    std::vector<std::string> Wear(const std::string& fileName);
+
     /// Captions and scales that are there because of the data are no look.
     void SaveLookAs(const std::string& fileName);
+    /// The look of the present graph, changed by hand, is that of graphs to come; the file keeps it meanwhile. What the
+    /// options wished for has become part of it.
+    void KeepLook(const std::string& fileName);
+    /// Brings the caption of a date axis up to date, unless somebody has written another one.
+    void RefreshDates();
 
     /// Of a file that is followed as the options say: something in it could not be read; the graph has grown. Also told
     /// of fits that fail from now on, perhaps while the graph is painted.

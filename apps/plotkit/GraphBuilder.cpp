@@ -30,23 +30,6 @@ void SetGrid(TKxLineStyle& line, bool visible, TColor color)
     line.SetVisible(visible);
 }
 
-TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
-{
-    switch (scale) {
-        case scLinear:
-            return AxNormal;
-        case scLog:
-            return AxLog;
-        case scLogEE:
-            return AxLogEE;
-        case scTime:
-            return AxDateTime;
-        case scAuto:
-            break;
-    }
-    return isDateTime ? AxDateTime : AxNormal;
-}
-
 bool HasLegend(const TColumnChoice& choice, const TOptions& options)
 {
     return options.Legend != lcNone && (options.Legend != lcAuto || choice.Ys.size() > 1);
@@ -172,6 +155,23 @@ void AddFits(TPlot& plot, const TColumnChoice& choice, const TOptions& options)
 
 }  // namespace
 
+TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime)
+{
+    switch (scale) {
+        case scLinear:
+            return AxNormal;
+        case scLog:
+            return AxLog;
+        case scLogEE:
+            return AxLogEE;
+        case scTime:
+            return AxDateTime;
+        case scAuto:
+            break;
+    }
+    return isDateTime ? AxDateTime : AxNormal;
+}
+
 TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
 {
     const TColourScheme& scheme = SchemeOf(options);
@@ -202,7 +202,7 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
         AddWeights(plot, choice.Weights->Values, options);
     KeepLegend(form, *plot.Graph, choice.Ys.size(), options);
     if (x.GetScaling() == AxDateTime && !options.XCaption && !choice.X.IsTimeOfDay && !options.Kind.Horizontal)
-        plot.DateName = x.GetUserCaption();
+        plot.DateName = plot.DateCaption = x.GetUserCaption();
     if (!options.LookFile.empty())
         TakeLook(plot, choice, options);
     AddFits(plot, choice, options);
@@ -213,6 +213,7 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options)
         plot.Form->Picture();
         PlaceLabels(plot);
     }
+    plot.DateCaption = x.GetUserCaption();
     return plot;
 }
 
@@ -238,7 +239,7 @@ std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const s
     if (options.YScale != scAuto)
         y.SetScaling(ScalingOf(options.YScale, false));
     // A caption of the user's own is not to be overwritten by the dates.
-    if (plot.DateName && !x.GetUserCaption().starts_with(*plot.DateName))
+    if (plot.DateName && x.GetUserCaption() != *plot.DateName && x.GetUserCaption() != plot.DateCaption)
         plot.DateName.reset();
     return problems;
 }

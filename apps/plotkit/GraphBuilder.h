@@ -6,6 +6,7 @@
 #include <string>
 #include <vector>
 
+#include "graph/KxAxisTypes.h"
 #include "graph/KxGraph2D.h"
 #include "host/Form.h"
 #include "plotkit/ColumnChoice.h"
@@ -30,6 +31,7 @@ struct TPlot
     std::shared_ptr<TFitNews> News;
     /// What the caption of a date axis starts with, when the program makes it.
     std::optional<std::string> DateName;
+    std::string DateCaption;         ///< what the program made it last; another one is the user's
     std::vector<std::string> Notes;  ///< what of the options could not be used
 };
 
@@ -42,6 +44,9 @@ TPlot BuildPlot(const TColumnChoice& choice, const TOptions& options);
 /// Gives the plot the look that a file keeps; what the options say goes before. Returns
 /// what could not be used; errors as those of LoadLook.
 std::vector<std::string> DressPlot(TPlot& plot, const TOptions& options, const std::string& lookFile);
+
+/// `scAuto` follows what the values are.
+TKxAxScaling ScalingOf(TScaleChoice scale, bool isDateTime);
 
 /// Points up to which symbols are drawn unless the options say otherwise.
 inline constexpr std::size_t MostPointsWithSymbols = 200;

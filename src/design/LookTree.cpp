@@ -115,7 +115,8 @@ TPart* PartAt(TKx2DGraph& graph, int x, int y)
 std::string LookName(const TComponent& component)
 {
     const std::string caption = CaptionOf(component);
-    return caption.empty() ? KindOf(component) : KindOf(component) + ": " + caption;
+    const std::string kind = KindOf(component);
+    return caption.empty() || caption == kind ? kind : kind + ": " + caption;
 }
 
 TLookNode LookTree(TKx2DGraph& graph)

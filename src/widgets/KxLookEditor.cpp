@@ -26,7 +26,7 @@ namespace {
 
 constexpr const char* Section = "Graph";
 constexpr const char* LookFiles = "Looks (*.ini)";
-constexpr int TreeWidth = 200, PagesWidth = 480, Height = 520;
+constexpr int TreeWidth = 190, PagesWidth = 550, Height = 520;
 
 TComponent* PartOf(const QTreeWidgetItem* item)
 {
@@ -278,14 +278,16 @@ void TKxLookEditor::SaveTo(const std::string& fileName)
 
 void TKxLookEditor::AskWhatToLoad()
 {
-    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), {}, tr(LookFiles));
-    if (!file.isEmpty())
-        LoadFrom(file.toStdString());
+    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), FFolder, tr(LookFiles));
+    if (file.isEmpty())
+        return;
+    FFolder = QFileInfo(file).absolutePath();
+    LoadFrom(file.toStdString());
 }
 
 void TKxLookEditor::AskWhereToSave()
 {
-    QFileDialog dialog(this, tr("Save look"), {}, tr(LookFiles));
+    QFileDialog dialog(this, tr("Save look"), FFolder, tr(LookFiles));
     dialog.setAcceptMode(QFileDialog::AcceptSave);
     dialog.setDefaultSuffix("ini");
     // Saving changes only the look in a file that is there.

@@ -46,6 +46,8 @@ public:
     void LoadFrom(const std::string& fileName);
     void SaveTo(const std::string& fileName);
 
+    /// Where files are asked for at first.
+    void SetFolder(const QString& folder) { FFolder = folder; }
     /// How looks are kept in files, for programs with a way of their own: loading returns what could not be used, a
     /// line each. Unset, the outfit stands in the sections "Graph" and "Graph.…" of an INI file.
     std::function<std::vector<std::string>(const std::string& fileName)> OnLoad;
@@ -85,6 +87,7 @@ private:
     std::string FPartName;              ///< of the part that is shown, or was last
     QString FPageName;                  ///< likewise
     std::vector<TComponent*> FOutline;  ///< what the tree shows
+    QString FFolder;
     QTreeWidget* FTree = nullptr;
     QTabWidget* FPages = nullptr;
     QLabel* FMessage = nullptr;

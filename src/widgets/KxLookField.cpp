@@ -72,7 +72,7 @@ TKxLookField NewChoice(const TKxLookFieldWish& wish, QWidget* parent)
     const TPropertyRow& property = *FindLookProperty(wish.Part, wish.Path).Row;
     for (const std::string_view text : wish.Row.Choices.empty() ? property.ValueNames : wish.Row.Choices)
         box->addItem(FromView(text));
-    LetShrink(*box);
+    box->setSizeAdjustPolicy(QComboBox::AdjustToContents);
     QObject::connect(box, &QComboBox::activated, box,
                      [edited = wish.OnEdited](int index) { edited(Integer(index), false); });
     return {box, false, [box](const TLookValue& value) { box->setCurrentIndex(static_cast<int>(IntegerOf(value))); }};
@@ -88,6 +88,7 @@ TKxLookField NewLink(const TKxLookFieldWish& wish, QWidget* parent)
     };
     auto* box = new QComboBox(parent);
     LetShrink(*box);
+    box->setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
     const auto candidates = std::make_shared<std::vector<TCandidate>>();
     QObject::connect(box, &QComboBox::activated, box, [candidates, edited = wish.OnEdited](int index) {
         const auto& chosen = (*candidates)[static_cast<std::size_t>(index)];
@@ -109,7 +110,8 @@ TKxLookField NewLink(const TKxLookFieldWish& wish, QWidget* parent)
                     if (candidate == standing)
                         box->setCurrentIndex(box->count() - 1);
                 }
-            }};
+            },
+            true};
 }
 
 TKxLookField NewCaption(const TKxLookFieldWish& wish, QWidget* parent)
@@ -117,9 +119,10 @@ TKxLookField NewCaption(const TKxLookFieldWish& wish, QWidget* parent)
     auto* edit = new TKxCaptionEditWidget(parent);
     edit->SetButtonsShown(true);
     edit->OnChanged = [edit, edited = wish.OnEdited] { edited(TPropertyValue(std::string(edit->GetCaption())), true); };
-    return {edit, false, [edit](const TLookValue& value) {
-                edit->SetCaption(std::get<std::string>(std::get<TPropertyValue>(value)));
-            }};
+    return {
+        edit, false,
+        [edit](const TLookValue& value) { edit->SetCaption(std::get<std::string>(std::get<TPropertyValue>(value))); },
+        true};
 }
 
 /// A text that means something only when it is complete, such as a formula.
@@ -131,7 +134,7 @@ TKxLookField NewPlainText(const TKxLookFieldWish& wish, QWidget* parent)
             edited(Text(edit->text()), false);
         edit->setModified(false);
     });
-    return {edit, false, [edit](const TLookValue& value) { edit->setText(TextOf(value)); }};
+    return {edit, false, [edit](const TLookValue& value) { edit->setText(TextOf(value)); }, true};
 }
 
 TKxLookField NewFontName(const TKxLookFieldWish& wish, QWidget* parent)

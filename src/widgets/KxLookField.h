@@ -16,6 +16,7 @@ struct TKxLookField
     bool HasOwnText = false;  ///< says itself what it is for, as a check box does
     /// Shows a value of the property without telling of it.
     std::function<void(const TLookValue&)> Show;
+    bool IsWide = false;  ///< takes what room there is
 };
 
 struct TKxLookFieldWish

@@ -10,6 +10,8 @@ namespace plotkit {
 
 namespace {
 
+constexpr int CompactLetters = 24;  ///< room for numbers, colours and the like, which then line up
+
 /// The keys that undo and redo changes of the look, wherever the focus is.
 bool IsUndoKey(const QKeyEvent& key)
 {
@@ -51,6 +53,10 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
     field.Widget->setObjectName(QString::fromStdString(path));
     if (field.Widget->accessibleName().isEmpty())
         field.Widget->setAccessibleName(text);
+    const int compact = CompactLetters * fontMetrics().averageCharWidth();
+    field.Widget->setMinimumWidth(field.HasOwnText ? 0 : compact);
+    if (!field.IsWide)
+        field.Widget->setSizePolicy(QSizePolicy::Maximum, field.Widget->sizePolicy().verticalPolicy());
     QLabel* label = nullptr;
     if (!field.HasOwnText) {
         label = new QLabel(text, rows.parentWidget());

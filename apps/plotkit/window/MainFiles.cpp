@@ -19,7 +19,6 @@ namespace {
 
 const char* const DataFiles = "Data (*.csv *.tsv *.txt *.dat *.asc);;All files (*)";
 constexpr int NewsTime = 5000;  // ms
-const char* const LookFiles = "Looks (*.ini)";
 
 bool IsLookFile(const QString& fileName)
 {
@@ -48,24 +47,6 @@ void TMainWindow::AskForFile()
     const QString file = QFileDialog::getOpenFileName(this, tr("Open"), Folder(), tr(DataFiles));
     if (!file.isEmpty())
         Open(file.toStdString());
-}
-
-void TMainWindow::AskForLook()
-{
-    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), Folder(), tr(LookFiles));
-    if (!file.isEmpty())
-        UseLook(file.toStdString());
-}
-
-void TMainWindow::AskWhereToSaveLook()
-{
-    QFileDialog dialog(this, tr("Save look"), Folder(), tr(LookFiles));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("ini");
-    // Saving changes only the look in a file that is there.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialog.exec() == QDialog::Accepted)
-        FDocument->SaveLookAs(dialog.selectedFiles().front().toStdString());
 }
 
 void TMainWindow::ExportPicture()
@@ -114,6 +95,7 @@ void TMainWindow::ShowKeys()
 <tr><td><b>+ -</b>, x X, y Y</td><td>zoom in and out, one direction</td></tr>
 <tr><td><b>Arrows</b></td><td>pan by a tenth; Shift or Page keys: by a view</td></tr>
 <tr><td><b>Click</b> in the legend</td><td>hides a series, shows it again</td></tr>
+<tr><td><b>Double click</b>, Alt+Enter</td><td>the look of an axis, a series, a label, the legend or the graph</td></tr>
 <tr><td><b>Home</b></td><td>the whole view</td></tr>
 <tr><td><b>Backspace</b>, Alt+Left, right double click</td><td>one view back; Shift+Backspace, Alt+Right: forward</td></tr>
 <tr><td><b>z</b></td><td>zoom rectangle for the arrows (Shift sizes it), Enter zooms</td></tr>

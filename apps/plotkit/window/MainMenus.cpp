@@ -30,6 +30,11 @@ void TMainWindow::AddMenus()
     FTools->addSeparator();
     FGraphMenu = menuBar()->addMenu(tr("&Graph"));
     AddFitMenu();
+    FEditLook = new QAction(tr("&Look..."), this);
+    FEditLook->setShortcut(QKeySequence(tr("Alt+Return")));
+    connect(FEditLook, &QAction::triggered, this, [this] { Try([this] { EditLook(nullptr); }); });
+    FGraphActions << FEditLook;
+    addAction(FEditLook);
     AddViewMenu();
     QMenu& help = *menuBar()->addMenu(tr("&Help"));
     AddAction(help, tr("&Mouse and keys"), QKeySequence::HelpContents, [this] { ShowKeys(); });

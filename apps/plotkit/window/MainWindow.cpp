@@ -16,7 +16,6 @@
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
 #include "host/Host.h"
-#include "plotkit/DateCaption.h"
 #include "plotkit/KeptView.h"
 #include "plotkit/window/ColumnsDock.h"
 #include "plotkit/window/DesktopColours.h"
@@ -78,7 +77,12 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
     FColumns = new TColumnsDock(this);
     FColumns->OnChosen = [this](int x, const std::vector<int>& ys) {
         // The list that is being clicked is filled anew.
-        QTimer::singleShot(0, this, [this, x, ys] { Rebuild([&] { FDocument->Choose(x, ys); }); });
+        QTimer::singleShot(0, this, [this, x, ys] {
+            Rebuild([&] {
+                KeepEditedLook();
+                FDocument->Choose(x, ys);
+            });
+        });
     };
     addDockWidget(Qt::RightDockWidgetArea, FColumns);
     constexpr int pause = 200;  // ms
@@ -189,7 +193,10 @@ void TMainWindow::Show(std::unique_ptr<TDocument> document)
 
 void TMainWindow::Reload()
 {
-    LoadAgain(FDocument->Options());
+    Try([this] {
+        KeepEditedLook();
+        LoadAgain(FDocument->Options());
+    });
 }
 
 void TMainWindow::LoadAgain(const TOptions& options)
@@ -207,9 +214,12 @@ void TMainWindow::LoadAgain(const TOptions& options)
 
 void TMainWindow::Follow(bool follow)
 {
-    TOptions options = FDocument->Options();
-    options.Follow = follow ? std::optional(1.0) : std::nullopt;
-    LoadAgain(options);
+    Try([&] {
+        KeepEditedLook();
+        TOptions options = FDocument->Options();
+        options.Follow = follow ? std::optional(1.0) : std::nullopt;
+        LoadAgain(options);
+    });
     FFollow->setChecked(FDocument->Options().Follow.has_value());
 }
 
@@ -270,6 +280,7 @@ void TMainWindow::ShowGraph()
     FPages->insertWidget(GraphPage, FView.get());
     FPages->setCurrentIndex(GraphPage);
     FView->setFocus();
+    ServeLook();
     FFollow->setChecked(FDocument->Options().Follow.has_value());
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
     ShowDescription();
@@ -303,12 +314,6 @@ void TMainWindow::ShowReadings()
     FReadings->setVisible(reads);
 }
 
-void TMainWindow::RefreshDates()
-{
-    if (HasGraph() && FDocument->Plot().DateName)
-        Try([this] { RefreshDateCaption(*FDocument->Plot().Graph, *FDocument->Plot().DateName); });
-}
-
 void TMainWindow::ViewChanged()
 {
     RefreshDates();
@@ -316,16 +321,14 @@ void TMainWindow::ViewChanged()
         FNewLayout->start();
 }
 
-void TMainWindow::UseLook(const std::string& fileName)
-{
-    Rebuild([&] { FDocument->UseLook(fileName); });
-}
-
 void TMainWindow::SetScale(bool isX, TScaleChoice scale)
 {
     const TOptions& options = FDocument->Options();
     const TScaleChoice x = isX ? scale : options.XScale, y = isX ? options.YScale : scale;
-    Rebuild([&] { FDocument->SetScales(x, y); });
+    Rebuild([&] {
+        KeepEditedLook();
+        FDocument->SetScales(x, y);
+    });
 }
 
 void TMainWindow::SetColours(TSchemeChoice colours)
@@ -343,6 +346,7 @@ void TMainWindow::MatchScheme()
     const TKeptView view(*FDocument->Plot().Graph);
     LeaveView();
     Try([&] {
+        KeepEditedLook();
         FDocument->SetScheme(wanted);
         FDocument->Plot().Form->Picture();
         view.GiveTo(*FDocument->Plot().Graph);

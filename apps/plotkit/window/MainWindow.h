@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QMainWindow>
+#include <QTemporaryDir>
 #include <functional>
 #include <memory>
 
@@ -23,6 +24,7 @@ namespace plotkit {
 
 class TColumnsDock;
 class TFitMenu;
+class TKxLookEditor;
 class TMessageBar;
 
 /// Whatever goes wrong is said in the window and leaves what it shows as it was.
@@ -72,6 +74,7 @@ private:
     void AskWhereToSaveLook();
     void ExportPicture();
     void Print();
+    void EditLook(TComponent* part);
     void CopyPictureNow();
     void Reload();
     void Follow(bool follow);
@@ -84,9 +87,13 @@ private:
     void LoadAgain(const TOptions& options);
     /// Runs a change that replaces the document's graph, and shows the new one.
     void Rebuild(const std::function<void()>& change);
+    /// Lets what was changed by hand outlive the graph.
+    void KeepEditedLook();
     void ReportNotes();
     void ShowGraph();
     void LeaveView();
+    /// Lets the view ask for the look of its graph, and the editor show that graph.
+    void ServeLook();
     /// Where the file is; empty without one.
     QString Folder() const;
     QString PictureName() const;
@@ -108,6 +115,8 @@ private:
     QStackedWidget* FPages = nullptr;
     TMessageBar* FMessages = nullptr;
     TColumnsDock* FColumns = nullptr;
+    TKxLookEditor* FLook = nullptr;  ///< made on first use
+    QTemporaryDir FKept;
     QLabel* FReadings = nullptr;     ///< of cursor and markers
     QLabel* FPlace = nullptr;        ///< of the pointer
     QLabel* FDescription = nullptr;  ///< of the chosen columns
@@ -119,6 +128,7 @@ private:
     QActionGroup* FYScales = nullptr;
     QAction* FFollow = nullptr;
     QTimer* FNewLayout = nullptr;   ///< axes took other room; labels are looked after when it is over
+    QAction* FEditLook = nullptr;
     QList<QAction*> FGraphActions;  ///< that make sense with a graph only
     QList<QAction*> FGraphTools;    ///< of the present view
     TExportWish FExportWish;        ///< of the last export
