@@ -12,11 +12,7 @@ namespace plotkit {
 namespace {
 
 constexpr std::array<const TClassInfo*, 5> Classes{
-    &TForm::Class,
-    &TPanel::Class,
-    &TUpDown::Class,
-    &TDataSource::Class,
-    &TMemoryDataSet::Class,
+    &TForm::Class, &TPanel::Class, &TUpDown::Class, &TDataSource::Class, &TMemoryDataSet::Class,
 };
 
 }  // namespace

@@ -14,8 +14,8 @@
 #include "plotkit/fit/FitCurve.h"
 #include "plotkit/fit/FitResults.h"
 #include "plotkit/window/FitDialog.h"
-#include "series/KxNotCalculatedSeries.h"
 #include "series/KxGraphMarkers.h"
+#include "series/KxNotCalculatedSeries.h"
 #include "series/KxReadoutText.h"
 
 namespace plotkit {
