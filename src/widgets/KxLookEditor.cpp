@@ -407,14 +407,16 @@ void TKxLookEditor::RefreshSteps()
 void TKxLookEditor::PlaceBeside(const QWidget& other)
 {
     constexpr int gap = 8;
+    constexpr int title = 32;
     const QRect room = other.screen()->availableGeometry();
+    resize(size().boundedTo(room.size() - QSize(0, title)));
     const QRect around = other.frameGeometry();
     QPoint at(around.right() + gap, around.top());
     if (at.x() + width() > room.right())
         at.setX(around.left() - gap - width());
     if (at.x() < room.left())
         at.setX(std::max(room.left(), room.right() - width()));
-    at.setY(std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+    at.setY(std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - title - height())));
     move(at);
 }
 
