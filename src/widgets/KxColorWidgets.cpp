@@ -106,7 +106,9 @@ QSize TKxColorButtonWidget::sizeHint() const
 QRect TKxColorButtonWidget::Hole() const
 {
     const QStyleOptionButton option = ButtonOption(*this);
-    return style()->subElementRect(QStyle::SE_PushButtonContents, &option, this);
+    // The style's button shows around the colour.
+    return style()->subElementRect(QStyle::SE_PushButtonContents, &option, this) -
+           QMargins(FaceFrame, FaceFrame, FaceFrame, FaceFrame);
 }
 
 QRect TKxColorButtonWidget::RootRect() const
@@ -118,6 +120,12 @@ void TKxColorButtonWidget::PaintChrome(QPainter& painter)
 {
     const QStyleOptionButton option = ButtonOption(*this);
     style()->drawControl(QStyle::CE_PushButtonBevel, &option, &painter, this);
+    if (!hasFocus())
+        return;
+    QStyleOptionFocusRect focus;
+    focus.initFrom(this);
+    focus.rect = style()->subElementRect(QStyle::SE_PushButtonFocusRect, &option, this);
+    style()->drawPrimitive(QStyle::PE_FrameFocusRect, &focus, &painter, this);
 }
 
 TKxColorPickComboWidget::TKxColorPickComboWidget(QWidget* parent)

@@ -98,11 +98,8 @@ QStyleOptionSpinBox TKxSpinIntegerEditWidget::Option() const
 QSize TKxSpinIntegerEditWidget::sizeHint() const
 {
     const QStyleOptionSpinBox option = Option();
-    const QFontMetrics metrics(font());
-    const QSize contents(metrics.horizontalAdvance(QLatin1Char('x')) * NumberRoom + 4, metrics.height() + 2);
-    return style()
-        ->sizeFromContents(QStyle::CT_SpinBox, &option, contents, this)
-        .expandedTo({0, TKxIntegerEditWidget::sizeHint().height()});
+    const QSize line = TKxIntegerEditWidget::sizeHint();
+    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, line, this);
 }
 
 QRect TKxSpinIntegerEditWidget::RootRect() const
