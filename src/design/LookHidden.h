@@ -13,4 +13,7 @@ std::string HiddenLook(const TComponent& part);
 /// Goes back to a state that `HiddenLook` gave for the same part.
 void SetHiddenLook(TComponent& part, const std::string& state);
 
+/// The caption is the user's own from now on, also in saved looks. False for parts without automatic captions.
+bool TakeUserCaption(TComponent& part, const std::string& caption);
+
 }  // namespace plotkit

@@ -105,7 +105,11 @@ void TLookHistory::Change(TComponent& component, std::string_view path, const TL
         throw EConvertError(LookName(component) + " has no property " + std::string(path));
     if (!FGraph || property.Value() == value)
         return;
-    const auto set = [&] { property.SetValue(value); };
+    const auto set = [&] {
+        const bool isCaption = property.Object == &component && path == "Caption";
+        if (!isCaption || !TakeUserCaption(component, std::get<std::string>(std::get<TPropertyValue>(value))))
+            property.SetValue(value);
+    };
     if (joins && Joins(component, path))
         return ChangeAgain(set);
     TStep step = Recorded(LookRowName(component, path) + " of " + LookName(component), set);

@@ -1,8 +1,6 @@
 #include "widgets/KxLookEditor.h"
 
 #include <QAction>
-#include <QFileDialog>
-#include <QFileInfo>
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
@@ -14,9 +12,7 @@
 #include <QTreeWidget>
 #include <QVBoxLayout>
 
-#include "foundation/KxLargeIniFile.h"
 #include "graph/KxGraph2D.h"
-#include "host/Errors.h"
 #include "host/EventChain.h"
 #include "widgets/KxLookPage.h"
 
@@ -24,8 +20,6 @@ namespace plotkit {
 
 namespace {
 
-constexpr const char* Section = "Graph";
-constexpr const char* LookFiles = "Looks (*.ini)";
 constexpr int TreeWidth = 190, PagesWidth = 550, Height = 520;
 
 TComponent* PartOf(const QTreeWidgetItem* item)
@@ -40,27 +34,6 @@ void Rename(QTreeWidgetItem* item, const TLookNode& node)
     item->setToolTip(0, text);
     for (std::size_t i = 0; i < node.Parts.size(); ++i)
         Rename(item->child(static_cast<int>(i)), node.Parts[i]);
-}
-
-std::vector<std::string> LoadOutfit(TKx2DGraph& graph, const std::string& fileName)
-{
-    TKxLargeIniFile file(fileName);
-    if (!file.SectionExists(Section))
-        throw EConvertError(fileName + ": no look of a graph, there is no section [" + Section + "]");
-    std::vector<TKxIniProblem> problems;
-    file.SetProblems(&problems);
-    graph.LoadOutfit(Section, file);
-    std::vector<std::string> lines;
-    for (const TKxIniProblem& problem : problems)
-        lines.push_back("[" + problem.Section + "] " + problem.Ident + ": \"" + problem.Value + "\" cannot be used");
-    return lines;
-}
-
-void SaveOutfit(TKx2DGraph& graph, const std::string& fileName)
-{
-    TKxLargeIniFile file(fileName);
-    graph.SaveOutfit(Section, file);
-    file.Save();
 }
 
 }  // namespace
@@ -248,54 +221,6 @@ void TKxLookEditor::Say(const QString& text)
     FMessage->setVisible(!text.isEmpty());
 }
 
-void TKxLookEditor::LoadFrom(const std::string& fileName)
-{
-    if (!Graph())
-        return;
-    const std::string step = "Look from " + QFileInfo(QString::fromStdString(fileName)).fileName().toStdString();
-    QStringList notes;
-    Try([&] {
-        FHistory->Perform(step, [&] {
-            for (const std::string& note : OnLoad ? OnLoad(fileName) : LoadOutfit(*Graph(), fileName))
-                notes << QString::fromStdString(note);
-        });
-    });
-    if (!notes.isEmpty())
-        Say(notes.join('\n'));
-}
-
-void TKxLookEditor::SaveTo(const std::string& fileName)
-{
-    if (!Graph())
-        return;
-    Try([&] {
-        if (OnSave)
-            OnSave(fileName);
-        else
-            SaveOutfit(*Graph(), fileName);
-    });
-}
-
-void TKxLookEditor::AskWhatToLoad()
-{
-    const QString file = QFileDialog::getOpenFileName(this, tr("Load look"), FFolder, tr(LookFiles));
-    if (file.isEmpty())
-        return;
-    FFolder = QFileInfo(file).absolutePath();
-    LoadFrom(file.toStdString());
-}
-
-void TKxLookEditor::AskWhereToSave()
-{
-    QFileDialog dialog(this, tr("Save look"), FFolder, tr(LookFiles));
-    dialog.setAcceptMode(QFileDialog::AcceptSave);
-    dialog.setDefaultSuffix("ini");
-    // Saving changes only the look in a file that is there.
-    dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialog.exec() == QDialog::Accepted)
-        SaveTo(dialog.selectedFiles().front().toStdString());
-}
-
 void TKxLookEditor::Fill(QTreeWidgetItem* item, const TLookNode& node)
 {
     item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void*>(node.Component)));
@@ -407,14 +332,16 @@ void TKxLookEditor::RefreshSteps()
 void TKxLookEditor::PlaceBeside(const QWidget& other)
 {
     constexpr int gap = 8;
+    constexpr int title = 32;
     const QRect room = other.screen()->availableGeometry();
+    resize(size().boundedTo(room.size() - QSize(0, title)));
     const QRect around = other.frameGeometry();
     QPoint at(around.right() + gap, around.top());
     if (at.x() + width() > room.right())
         at.setX(around.left() - gap - width());
     if (at.x() < room.left())
         at.setX(std::max(room.left(), room.right() - width()));
-    at.setY(std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - height())));
+    at.setY(std::clamp(at.y(), room.top(), std::max(room.top(), room.bottom() - title - height())));
     move(at);
 }
 

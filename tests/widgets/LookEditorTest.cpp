@@ -177,6 +177,12 @@ TEST_F(TLookEditor, HalfTypedAndOutOfBoundsNumbersLeaveNoTraces)
     Editor.History()->Undo();
     Editor.History()->Undo();
     EXPECT_EQ(Saved(), before);
+
+    QTest::keyClick(&Field<QCheckBox>("XAxis1", "AutoTicks"), Qt::Key_Space);
+    for (const char* step : {"0.00000001", "-", "1e300", "0"})
+        Type(Field<TKxFloatEditWidget>("XAxis1", "TickPart"), step);
+    Editor.History()->Revert();
+    EXPECT_EQ(Saved(), before);
 }
 
 TEST_F(TLookEditor, AxesWithDatesTakeDates)
@@ -220,6 +226,14 @@ TEST_F(TLookEditor, LoadsAndSavesAndOutlivesPartsAndGraph)
     Editor.SaveTo(file);
     Type(Field<TKxCaptionEditWidget>("Graph1", "Caption"), "Other");
     const std::string changed = Saved();
+    Type(Field<TKxCaptionEditWidget>("XAxis1", "Caption"), "mine");
+    const std::string file2 = folder.filePath("mine.ini").toStdString();
+    Editor.SaveTo(file2);
+    Editor.History()->Undo();
+    Editor.LoadFrom(file2);
+    EXPECT_EQ(Axis().GetCaption(), "mine");
+    Editor.History()->Undo();
+    EXPECT_EQ(Saved(), changed);
     Editor.LoadFrom(file);
     EXPECT_EQ(Saved(), before);
     EXPECT_EQ(Editor.History()->UndoText(), "Look from look.ini");

@@ -15,9 +15,12 @@
 #include <fstream>
 
 #include "foundation/KxConsts.h"
+#include "graph/KxAxis.h"
 #include "plotkit/ColourScheme.h"
 #include "plotkit/window/MainWindow.h"
 #include "qt/KxQtHost.h"
+#include "series/KxSeries.h"
+#include "widgets/KxLookEditor.h"
 
 namespace plotkit {
 namespace {
@@ -125,6 +128,45 @@ TEST_F(WindowTest, LooksComeBackAndBadOnesAreNamed)
     Action("Reload")->trigger();
     Settle();
     EXPECT_TRUE(Messages().contains("look.ini"));  // the look stays with the file
+}
+
+TEST_F(WindowTest, ALookEditedByHandOutlivesTheGraph)
+{
+    Action("Look")->trigger();
+    auto* editor = dynamic_cast<TKxLookEditor*>(Window->findChild<QDialog*>("look"));
+    ASSERT_NE(editor, nullptr);
+    const auto caption = [&] { return editor->Graph()->GetPrimaryXAxis()->GetCaption(); };
+    editor->History()->Change(*editor->Graph()->GetPrimaryXAxis(), "Caption", TPropertyValue(std::string("Month")));
+    editor->History()->Change(*editor->Graph(), "ShowTitle", TPropertyValue(true));
+    auto& series = dynamic_cast<TKxSeries&>(*editor->Graph()->GetSeriesList()[0]);
+    editor->History()->Change(series, "Caption", TPropertyValue(std::string("CO\\-2")));
+    const TKx2DGraph* const before = editor->Graph();
+    for (const char* change : {"Dark", "Reload", "Light"}) {
+        Action(change)->trigger();
+        Settle();
+        Settle();
+        EXPECT_EQ(caption(), "Month") << change;
+        EXPECT_EQ(editor->Graph()->GetSeriesList()[0]->GetCaption(), "CO\\-2") << change;
+    }
+    EXPECT_NE(editor->Graph(), before);
+    EXPECT_TRUE(editor->Graph()->GetShowTitle());
+    EXPECT_EQ(editor->Part(), editor->Graph());
+
+    // In place, as a step, in the colours of the window.
+    Action("Dark")->trigger();
+    Settle();
+    Settle();
+    const TKx2DGraph* const dark = editor->Graph();
+    const QImage picture = View().Shown();
+    editor->SaveTo(Host.Path("look.ini"));
+    editor->History()->Change(*editor->Graph(), "DataColor", TPropertyValue(std::int64_t{0xFF}));
+    editor->History()->Change(*editor->Graph(), "ShowTitle", TPropertyValue(false));
+    editor->LoadFrom(Host.Path("look.ini"));
+    Settle();
+    EXPECT_EQ(View().Shown(), picture);
+    EXPECT_EQ(editor->Graph(), dark);
+    editor->History()->Undo();
+    EXPECT_FALSE(editor->Graph()->GetShowTitle());
 }
 
 TEST_F(WindowTest, ColumnsScalesAndColoursMakeAnotherGraph)
