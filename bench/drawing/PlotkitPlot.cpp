@@ -74,6 +74,7 @@ public:
         series->SetYAxis(FGraph->GetPrimaryYAxis());
         series->SetXData(FX);
         series->SetYData(FY);
+        series->GetAreaStyle().SetDrawXOred(false);  // as the others fill
         series->GetLineStyle().SetVisible(FLook != TLook::Circles && FLook != TLook::ErrorBars);
         series->GetLineStyle().SetWidth(FLook == TLook::WideLine ? 2 : 1);
         return true;
