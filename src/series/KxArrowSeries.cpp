@@ -27,17 +27,12 @@ constexpr std::array ArrowSeriesProperties{
     Property<&TKxArrowSeries::GetTipWidth, &TKxArrowSeries::SetTipWidth>("TipWidth"),
 };
 
-bool IsLog(const TKxAxis* axis)
-{
-    return axis && axis->Mapping().IsLog();
-}
-
 }  // namespace
 
 constinit const TClassInfo TKxArrowSeries::Class{"TKxArrowSeries", &TKxNotCalculatedSeries::Class,
                                                  ArrowSeriesProperties, &CreateComponent<TKxArrowSeries>};
 
-TKxArrowSeries::TKxArrowSeries(TComponent* owner) : TKxNotCalculatedSeries(owner)
+TKxArrowSeries::TKxArrowSeries(TComponent* owner) : TKxReachingSeries(owner)
 {
     FShifts[1].IsX = false;
     AttachToGraphOfOwner();
@@ -95,45 +90,16 @@ TKxExtent TKxArrowSeries::ExtentOf(bool isX, int i) const
     return {start, end <= 0 && IsLog(direction.Axis) ? start : end};
 }
 
-void TKxArrowSeries::Scan(bool isX)
-{
-    (isX ? FXExtents : FYExtents).Scan(isX ? FX : FY, isX ? XIdxNeeded() : YIdxNeeded(), nullptr, [this, isX](int i) {
-        return ExtentOf(isX, i);
-    });
-    Modified();
-}
-
 void TKxArrowSeries::GetNewXStartStop()
 {
     Scan(true);
+    Modified();
 }
 
 void TKxArrowSeries::GetNewYStartStop()
 {
     Scan(false);
-}
-
-void TKxArrowSeries::Follow(bool isX, int index)
-{
-    TKxSeriesDirection& direction = isX ? FX : FY;
-    const bool isFollowed =
-        !RangesNeedRecalc() && dynamic_cast<TKxLiveVector*>(direction.Data) && AreFollowed(FShifts, isX);
-    const TKxExtentChange change =
-        (isX ? FXExtents : FYExtents)
-            .Follow(direction, index, ExtentOf(isX, index), isX ? XIdxNeeded() : YIdxNeeded(), isFollowed);
-    if (change == ecMoved)
-        Modified();
-    else if (change == ecScan)
-        isX ? GetNewXStartStop() : GetNewYStartStop();
-}
-
-void TKxArrowSeries::CalculatePoints()
-{
-    const std::array dependsOn{IsLog(FX.Axis), IsLog(FY.Axis), SampleLine()->GetVisible()};
-    if (dependsOn != FScannedAs && !RangesNeedRecalc())
-        RangesModified();
-    FScannedAs = dependsOn;
-    TKxNotCalculatedSeries::CalculatePoints();
+    Modified();
 }
 
 void TKxArrowSeries::CalculatePoint(int index)

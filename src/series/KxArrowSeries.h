@@ -3,15 +3,14 @@
 
 #include <array>
 
-#include "series/KxExtents.h"
-#include "series/KxExtraVector.h"
 #include "series/KxNotCalculatedSeries.h"
+#include "series/KxReachingSeries.h"
 
 namespace plotkit {
 
 /// Displacements are data units of the axes, drawn by their scale at linear axes; a logarithmic axis takes them for
 /// decades. An arrow with a displacement that is not finite is not drawn.
-class TKxArrowSeries : public TKxNotCalculatedSeries
+class TKxArrowSeries : public TKxReachingSeries<TKxNotCalculatedSeries>
 {
 public:
     explicit TKxArrowSeries(TComponent* owner);
@@ -40,7 +39,6 @@ public:
 
     void SetXData(TKxCustomRealVector* vector) override;
     void SetYData(TKxCustomRealVector* vector) override;
-    void CalculatePoints() override;
     void DrawLine() override;
     void WriteToIni(TKxIniList& list, const std::string& section) override;
     void ReadFromIni(TKxIniList& list, const std::string& section) override;
@@ -50,24 +48,19 @@ public:
 protected:
     void GetNewXStartStop() override;
     void GetNewYStartStop() override;
-    void CalcXValue(int index) override { Follow(true, index); }
-    void CalcYValue(int index) override { Follow(false, index); }
     void CalculatePoint(int index) override;
     void CalculateAllPoints() override;
-    bool HasOwnPointRule() const override { return true; }
+    TKxExtent ExtentOf(bool isX, int i) const override;
+    bool AreExtentsShown() const override { return SampleLine()->GetVisible(); }
+    std::span<const TKxExtraVector> Extras() const override { return FShifts; }
     void Notification(TComponent* component, TOperation operation) override;
 
 private:
     double ShiftOf(const TKxExtraVector& shift, int i) const;
-    TKxExtent ExtentOf(bool isX, int i) const;
-    void Scan(bool isX);
-    void Follow(bool isX, int index);
     void CalculateEnds(int first, int end);
 
     std::array<TKxExtraVector, 2> FShifts;
-    TKxExtents FXExtents, FYExtents;
     int FTipLength = 10, FTipWidth = 3;
-    std::array<bool, 3> FScannedAs{};  ///< what the extents depend on: logarithmic X, Y, a visible line
 };
 
 }  // namespace plotkit

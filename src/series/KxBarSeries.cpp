@@ -21,11 +21,6 @@ constexpr std::array BarSeriesProperties{
     Property<&TKxBarSeries::GetBarsGapPercent, &TKxBarSeries::SetBarsGapPercent>("BarsGapPercent"),
 };
 
-bool IsLog(const TKxAxis* axis)
-{
-    return axis && axis->Mapping().IsLog();
-}
-
 constexpr double None = std::numeric_limits<double>::quiet_NaN();
 
 }  // namespace

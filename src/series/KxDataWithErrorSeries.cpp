@@ -28,11 +28,6 @@ constexpr std::int32_t NoBar = -1;
 /// As much as stays near the processor.
 constexpr std::size_t PointsAtOnce = 8192;
 
-bool IsLog(const TKxAxis* axis)
-{
-    return axis && axis->Mapping().IsLog();
-}
-
 /// Pixels from a point at `position`, whose value is `value`, to the end of its error.
 std::int32_t BarLength(const TKxAxisMapping& mapping, double value, std::int32_t position, double error)
 {
@@ -56,7 +51,7 @@ void AddBar(TPoint at, std::int32_t length, TPoint step, TPoint cap, std::vector
 constinit const TClassInfo TKxDataWithErrorSeries::Class{
     "TKxDataWithErrorSeries", &TKxDataSeries::Class, ErrorSeriesProperties, &CreateComponent<TKxDataWithErrorSeries>};
 
-TKxDataWithErrorSeries::TKxDataWithErrorSeries(TComponent* owner) : TKxDataSeries(owner)
+TKxDataWithErrorSeries::TKxDataWithErrorSeries(TComponent* owner) : TKxReachingSeries(owner)
 {
     FErrors[YPlus].IsX = FErrors[YMinus].IsX = false;
 }
@@ -108,56 +103,6 @@ TKxExtent TKxDataWithErrorSeries::ExtentOf(bool isX, int i) const
     // A logarithmic axis that had to show what is not positive would show little else.
     const bool endsAtFloor = low <= 0 && IsLog(direction.Axis);
     return {endsAtFloor ? value : low, value + ErrorOf(isX ? XPlus : YPlus, i)};
-}
-
-void TKxDataWithErrorSeries::Scan(bool isX)
-{
-    (isX ? FXExtents : FYExtents).Scan(isX ? FX : FY, isX ? XIdxNeeded() : YIdxNeeded(), nullptr, [this, isX](int i) {
-        return ExtentOf(isX, i);
-    });
-}
-
-void TKxDataWithErrorSeries::GetNewXStartStop()
-{
-    Scan(true);
-}
-
-void TKxDataWithErrorSeries::GetNewYStartStop()
-{
-    Scan(false);
-}
-
-void TKxDataWithErrorSeries::Follow(bool isX, int index)
-{
-    TKxSeriesDirection& direction = isX ? FX : FY;
-    const bool isFollowed =
-        !RangesNeedRecalc() && dynamic_cast<TKxLiveVector*>(direction.Data) && AreFollowed(FErrors, isX);
-    const TKxExtentChange change =
-        (isX ? FXExtents : FYExtents)
-            .Follow(direction, index, ExtentOf(isX, index), isX ? XIdxNeeded() : YIdxNeeded(), isFollowed);
-    if (change == ecMoved)
-        Modified();
-    else if (change == ecScan)
-        isX ? GetNewXStartStop() : GetNewYStartStop();
-}
-
-void TKxDataWithErrorSeries::CalcXValue(int index)
-{
-    Follow(true, index);
-}
-
-void TKxDataWithErrorSeries::CalcYValue(int index)
-{
-    Follow(false, index);
-}
-
-void TKxDataWithErrorSeries::CalculatePoints()
-{
-    const std::array dependsOn{IsLog(FX.Axis), IsLog(FY.Axis), SamplePoints()->GetVisible()};
-    if (dependsOn != FScannedAs && !RangesNeedRecalc())
-        RangesModified();
-    FScannedAs = dependsOn;
-    TKxDataSeries::CalculatePoints();
 }
 
 void TKxDataWithErrorSeries::CalculatePoint(int index)

@@ -4,14 +4,13 @@
 #include <array>
 
 #include "series/KxDataSeries.h"
-#include "series/KxExtents.h"
-#include "series/KxExtraVector.h"
+#include "series/KxReachingSeries.h"
 
 namespace plotkit {
 
 /// Errors count, for the picture and for the axes, only while the symbols are visible. Of errors absolute values are
 /// taken; such as are missing or not finite give no bar.
-class TKxDataWithErrorSeries : public TKxDataSeries
+class TKxDataWithErrorSeries : public TKxReachingSeries<TKxDataSeries>
 {
 public:
     explicit TKxDataWithErrorSeries(TComponent* owner);
@@ -39,19 +38,16 @@ public:
 
     void SetXData(TKxCustomRealVector* vector) override;
     void SetYData(TKxCustomRealVector* vector) override;
-    void CalculatePoints() override;
     void WriteToIni(TKxIniList& list, const std::string& section) override;
     void ReadFromIni(TKxIniList& list, const std::string& section) override;
     TKxSampleForm SampleForm() const override;
 
 protected:
-    void GetNewXStartStop() override;
-    void GetNewYStartStop() override;
-    void CalcXValue(int index) override;
-    void CalcYValue(int index) override;
     void CalculatePoint(int index) override;
     void CalculateAllPoints() override;
-    bool HasOwnPointRule() const override { return true; }
+    TKxExtent ExtentOf(bool isX, int i) const override;
+    bool AreExtentsShown() const override { return SamplePoints()->GetVisible(); }
+    std::span<const TKxExtraVector> Extras() const override { return FErrors; }
     void DrawMarks(TCanvas& canvas) override;
     void Notification(TComponent* component, TOperation operation) override;
 
@@ -74,16 +70,11 @@ private:
 
     void Link(TSide side, TKxCustomRealVector* vector) { LinkExtraVector(*this, FErrors, FErrors[side], vector); }
     double ErrorOf(TSide side, int i) const;
-    TKxExtent ExtentOf(bool isX, int i) const;
-    void Scan(bool isX);
-    void Follow(bool isX, int index);
     void CalculateErrors(int first, int end);
     std::array<TBars, 4> Bars() const;
 
     std::array<TKxExtraVector, 4> FErrors;
-    TKxExtents FXExtents, FYExtents;
     TColor FErrorColor = clBlack;
-    std::array<bool, 3> FScannedAs{};  ///< what the extents depend on: logarithmic X, Y, visible symbols
 };
 
 }  // namespace plotkit

@@ -5,9 +5,15 @@
 #include <algorithm>
 #include <cmath>
 
+#include "graph/KxAxis.h"
 #include "series/KxSeriesDirection.h"
 
 namespace plotkit {
+
+inline bool IsLog(const TKxAxis* axis)
+{
+    return axis && axis->Mapping().IsLog();
+}
 
 /// The two values that a point reaches, in any order; what is not finite counts for nothing.
 struct TKxExtent
