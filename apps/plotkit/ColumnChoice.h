@@ -65,7 +65,4 @@ TChosenColumn ChooseColumn(const TCsvTable& table, const std::string& name, cons
 /// "X: year_month (date), Y: co2_ppm (820 values, 3 missing)".
 std::string DescribeChoice(const TColumnChoice& choice);
 
-/// A line for each chosen column with cells that could not be read: file, line, column, the first of them, how many.
-std::vector<std::string> DescribeBadCells(const TCsvTable& table, const TColumnChoice& choice);
-
 }  // namespace plotkit

@@ -1,10 +1,10 @@
 #include "plotkit/PlotSeries.h"
 
 #include <algorithm>
-#include <cmath>
 
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
+#include "plotkit/BarRows.h"
 #include "plotkit/PlotParts.h"
 #include "series/KxArrowSeries.h"
 #include "series/KxBarSeries.h"
@@ -15,25 +15,6 @@ namespace {
 
 /// The top of a block is 1.3 times as bright as its front, byte by byte.
 constexpr std::uint8_t BrightestFront = 195;
-
-/// The edges of bars around the values: half-way between neighbours, along a logarithmic axis by their ratio.
-std::vector<double> EdgesAround(std::span<const double> values, bool isLog)
-{
-    const auto to = [isLog](double value) { return isLog ? std::log(value) : value; };
-    const auto from = [isLog](double value) { return isLog ? std::exp(value) : value; };
-    const std::size_t count = values.size();
-    if (count < 2) {
-        const double half = isLog ? std::log(2.0) : 0.5;
-        return count == 0 ? std::vector<double>{}
-                          : std::vector<double>{from(to(values[0]) - half), from(to(values[0]) + half)};
-    }
-    std::vector<double> edges(count + 1);
-    for (std::size_t i = 1; i < count; ++i)
-        edges[i] = from((to(values[i - 1]) + to(values[i])) / 2);
-    edges[0] = from(2 * to(values[0]) - to(edges[1]));
-    edges[count] = from(2 * to(values[count - 1]) - to(edges[count - 1]));
-    return edges;
-}
 
 TColor NoBrighter(TColor color)
 {
@@ -134,8 +115,8 @@ private:
         series->SetShow3DBars(FKind.Solid);
         series->SetBarsGapPercent(FKind.Gap);
         series->SetDepthPercent(FKind.Depth);
-        TKxRealVector* const heights = NewVector(FForm, FChoice.Ys[i].Values, FOptions);
         TKxCustomRealVector* const edges = Edges();
+        TKxRealVector* const heights = NewVector(FForm, FBars.Heights(FChoice.Ys[i].Values), FOptions);
         Link(*series, FKind.Horizontal ? heights : edges, FKind.Horizontal ? edges : heights);
         return series;
     }
@@ -146,7 +127,9 @@ private:
         if (!FEdges) {
             const TScaleChoice scale = FKind.Horizontal ? FOptions.YScale : FOptions.XScale;
             FEdges = new TKxRealVector(&FForm);
-            FEdges->Take(EdgesAround(FChoice.X.Values.Span(), scale == scLog || scale == scLogEE));
+            FBars = RowsOfBars(FChoice.X.Values.Span(), scale == scLog || scale == scLogEE, FChoice.X.Name);
+            FEdges->Take(std::move(FBars.Edges));
+            FPlot.Notes.insert(FPlot.Notes.end(), FBars.Notes.begin(), FBars.Notes.end());
         }
         return FEdges;
     }
@@ -179,6 +162,7 @@ private:
     const TSeriesKind& FKind;
     const TColourScheme& FScheme;
     TKxRealVector* FEdges = nullptr;
+    TBarRows FBars;
 };
 
 }  // namespace

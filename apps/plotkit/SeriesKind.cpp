@@ -99,8 +99,10 @@ void AddKindOptions(CLI::App& app, TKindTexts& texts)
         ->take_all()
         ->allow_extra_args(false)
         ->type_name("COLUMN[,...]");
-    app.add_option("--bars", texts.Bars,
-                   "Draw bars: plain, horizontal, stacked, shifted, 3d, gap=PERCENT, depth=PERCENT")
+    app.add_option(
+           "--bars", texts.Bars,
+           "Draw bars: plain (also without a word), horizontal, stacked, shifted, 3d, gap=PERCENT, depth=PERCENT")
+        ->expected(0, 1)
         ->type_name("KIND[,...]");
     app.add_option("--arrows", texts.Arrows, "Draw arrows, as long as two columns say in units of the axes")
         ->type_name("DX,DY");
@@ -118,7 +120,7 @@ TSeriesKind ReadKind(const CLI::App& command, const TKindTexts& texts)
         Fail("--errors", "error bars belong to symbols and are not drawn with --no-points");
     for (std::size_t i = 0; i < texts.Errors.size(); ++i)
         ReadErrors(texts.Errors[i], i, kind);
-    if (kind.HasBars)
+    if (kind.HasBars && !texts.Bars.empty())
         ReadBars(texts.Bars, kind);
     if (kind.HasArrows)
         ReadArrows(texts.Arrows, kind);

@@ -3,11 +3,6 @@
 namespace plotkit {
 namespace {
 
-std::string Counted(std::size_t count, const std::string& thing)
-{
-    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
-}
-
 void AddColumnDoubts(const TCsvTable& table, const TChosenColumn& column, std::vector<std::string>& lines)
 {
     const std::string name = "column \"" + column.Name + "\": ";
@@ -27,6 +22,11 @@ void AddColumnDoubts(const TCsvTable& table, const TChosenColumn& column, std::v
 }
 
 }  // namespace
+
+std::string Counted(std::size_t count, const std::string& thing)
+{
+    return std::to_string(count) + " " + thing + (count == 1 ? "" : "s");
+}
 
 std::string DescribeReading(const TCsvTable& table)
 {
@@ -67,6 +67,8 @@ std::vector<std::string> DescribeDoubts(const TCsvTable& table, const TColumnCho
         AddColumnDoubts(table, column, lines);
     for (const TExtraColumn& extra : choice.Extras)
         AddColumnDoubts(table, extra.Column, lines);
+    if (choice.Weights)
+        AddColumnDoubts(table, *choice.Weights, lines);
     return lines;
 }
 

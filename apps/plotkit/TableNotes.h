@@ -8,6 +8,9 @@
 
 namespace plotkit {
 
+/// "1 row", "2 rows".
+std::string Counted(std::size_t count, const std::string& thing);
+
 /// "Read: 820 rows, 7 columns separated by commas, names in line 1".
 std::string DescribeReading(const TCsvTable& table);
 

@@ -86,6 +86,7 @@ TEST(Options, KindsOfSeries)
     EXPECT_EQ(bars.Depth, 80);
     EXPECT_GT(bars.Gap, 0) << "blocks without a gap would hide each other";
     EXPECT_EQ(Parse({"render", "in.csv", "-o", "a.png", "--bars", "3d,gap=0"}).Kind.Gap, 0);
+    EXPECT_TRUE(Parse({"render", "in.csv", "--bars", "-o", "a.png"}).Kind.HasBars) << "a kind is not needed";
 }
 
 struct TBadCase

@@ -131,7 +131,7 @@ TColumnChoice ChooseKind(TOptions& options, const std::string& text, const TSeri
 {
     options.Kind = kind;
     std::istringstream stream(text);
-    return ChooseColumns(ReadCsv(stream, "data.csv"), std::nullopt, {"a", "b"}, kind.Columns);
+    return ChooseColumns(ReadCsv(stream, "data.csv"), "t", {"a", "b"}, kind.Columns);
 }
 
 TEST(Plot, KindsOfSeries)
@@ -147,6 +147,18 @@ TEST(Plot, KindsOfSeries)
     EXPECT_EQ(std::vector<double>(edges.begin(), edges.end()), (std::vector<double>{5, 15, 30, 50}));
     EXPECT_EQ(lying.Graph->GetPrimaryYAxis()->GetCaption(), "t");
     EXPECT_EQ(lying.Series[1]->PointsCount(), 3);
+
+    const std::string untidy = "t,a,b\n40,5,6\n,9,9\n10,1,2\n20,3,\n10,8,8\n";
+    bars.Horizontal = false;
+    const TPlot tidy = BuildPlot(ChooseKind(options, untidy, bars), options);
+    const auto places = tidy.Series.at(0)->GetXData()->Values(), heights = tidy.Series[0]->GetYData()->Values();
+    EXPECT_EQ(std::vector<double>(places.begin(), places.end()), (std::vector<double>{5, 15, 30, 50}));
+    EXPECT_EQ(std::vector<double>(heights.begin(), heights.end()), (std::vector<double>{1, 3, 5}));
+    EXPECT_TRUE(std::isnan(tidy.Series.at(1)->GetYData()->GetValue(1)));
+    EXPECT_EQ(tidy.Notes,
+              (std::vector<std::string>{
+                  "--bars: 1 row without a value of t, the first is row 2; no bar for them",
+                  "--bars: 1 row with a value of t that came before, the first is row 5; no bar for them"}));
 
     TSeriesKind errors;
     errors.HasErrors = true;
