@@ -72,6 +72,7 @@ TEST(CsvTable, ErrorsNameFileAndLine)
         {"#1,2\n#3,4\n", "data.csv: no rows, only remarks; --comment names the characters that start one"},
         {"a,b\n1,2\n3,\"4\n5,6\n", "data.csv: line 3, column 2 (b): a quote is not closed"},
         {"\"a,b\n1,2\n", "data.csv: line 1: a quote is not closed"},
+        {"a,b\r\n\r\n1,\"2\r\n3,4\r\n", "data.csv: line 3, column 2 (b): a quote is not closed"},
         {"a,b\n\n1,234.5,7\n",
          "data.csv: line 3: 3 cells where line 1 names 2 columns; cells that hold the separator "
          "need quotes"},

@@ -180,11 +180,23 @@ void TLayoutFinder::TakeUnits(const TSampleRow& row, std::size_t line)
     }
 }
 
+std::size_t Behind(std::string_view sample, const TSampleLine& line)
+{
+    std::size_t at = line.Offset + line.Text.size();
+    at += at < sample.size() && sample[at] == '\r';
+    return at + (at < sample.size() && sample[at] == '\n');
+}
+
 void TLayoutFinder::SetDataStart(std::string_view sample, std::size_t row)
 {
     FDialect.HasRows = row < FLines.size();
-    FDialect.DataOffset = FDialect.HasRows ? FLines[row]->Offset : sample.size();
-    FDialect.DataLine = FDialect.HasRows ? FLines[row]->Line : FAll.empty() ? 1 : FAll.back().Line + 1;
+    if (FDialect.HasRows) {
+        FDialect.DataOffset = FLines[row]->Offset;
+        FDialect.DataLine = FLines[row]->Line;
+    } else {  // what follows may be the beginning of a row
+        FDialect.DataOffset = FAll.empty() ? sample.size() : Behind(sample, FAll.back());
+        FDialect.DataLine = FAll.empty() ? 1 : FAll.back().Line + 1 + CountLineEnds(FAll.back().Text);
+    }
     for (const TSampleLine& line : FAll)
         FDialect.CommentLines += line.IsComment && line.Line < FDialect.DataLine && line.Line != FDialect.HeaderLine &&
                                  line.Line != FDialect.UnitLine;
