@@ -21,6 +21,8 @@ int Show(TQtHost& host, const TOptions& options, std::unique_ptr<TDocument> docu
     window.RestorePlace();
     if (document)
         window.Show(std::move(document));
+    else if (!options.File.empty())
+        window.Open(options.File);
     window.show();
     const int code = QApplication::exec();
     host.OnError = nullptr;

@@ -51,6 +51,18 @@ std::unique_ptr<TDocument> ReadDocument(const TOptions& options)
     return document;
 }
 
+/// Nothing when the window is to wait for the first rows.
+std::unique_ptr<TDocument> ReadOrAwait(const TOptions& options)
+{
+    try {
+        return ReadDocument(options);
+    } catch (const ENoRows&) {
+        if (options.Command == pcShow && options.Follow)
+            return nullptr;
+        throw;
+    }
+}
+
 std::string TitleOf(const TOptions& options)
 {
     return options.Title && !options.Title->empty() ? GetStrippedString(*options.Title) : DataNameOf(options);
@@ -113,10 +125,10 @@ int Run(int count, char** arguments)
     if (options.Command == pcShow)
         PrepareShow(options);
     std::unique_ptr<TDocument> document;
-    if (!options.File.empty()) {
-        document = ReadDocument(options);
+    if (!options.File.empty())
+        document = ReadOrAwait(options);
+    if (document)
         (options.AsJson ? std::cerr : std::cout) << document->Description() << std::endl;
-    }
     if (options.Command == pcRender)
         return Render(host, *document);
     // The window keeps to the desktop where nothing else was wished for.

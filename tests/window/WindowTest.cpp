@@ -249,6 +249,29 @@ TEST_F(WindowTest, FollowedFilesGrow)
     EXPECT_TRUE(Action("Follow as it grows")->isChecked());
 }
 
+TEST_F(WindowTest, AFollowedFileMayGetItsFirstRowsLater)
+{
+    const std::string file = Host.Path("log.csv");
+    std::ofstream(file) << "t,v\n";
+    TOptions options;
+    options.Scheme = ccLight;
+    options.Follow = 0.05;
+    Window = std::make_unique<TMainWindow>(options);
+    Window->Open(file);
+    Window->show();
+    Settle();
+    EXPECT_TRUE(Messages().endsWith("names the columns; it is shown when there are some")) << Messages().toStdString();
+    std::ofstream(file, std::ios::app) << "1,2\n2,3\n";
+    const auto* said = Window->statusBar()->findChildren<QLabel*>().back();
+    for (int i = 0; i < 100 && !said->text().endsWith("(2 values)"); ++i) {
+        QThread::msleep(20);
+        QApplication::processEvents();
+    }
+    EXPECT_TRUE(said->text().endsWith("v (2 values)")) << said->text().toStdString();
+    EXPECT_EQ(Messages(), "");
+    EXPECT_EQ(Window->windowTitle(), "log.csv - Plotkit");
+}
+
 TEST_F(WindowTest, FitsAreDrawnLimitedCopiedAndRemoved)
 {
     const QImage plain = View().Shown();

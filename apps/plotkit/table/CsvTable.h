@@ -57,6 +57,12 @@ struct TRaggedRows
     std::size_t FirstCells = 0;
 };
 
+/// A table without rows, which it may get yet.
+class ENoRows : public EConvertError
+{
+    using EConvertError::EConvertError;
+};
+
 struct TCsvTable
 {
     std::string File;               ///< as it was named

@@ -200,12 +200,12 @@ TCsvTable TTableReader::Finish()
 {
     const std::string& file = FSource.Name();
     if (FRows == 0 && FDialect.HeaderLine == 0 && FDialect.CommentLines + FComments > 0)
-        throw EConvertError(file + ": no rows, only remarks; --comment names the characters that start one");
+        throw ENoRows(file + ": no rows, only remarks; --comment names the characters that start one");
     if (FRows == 0 && FDialect.HeaderLine == 0)
-        throw EConvertError(file + ": the file is empty");
+        throw ENoRows(file + ": the file is empty");
     if (FRows == 0)
-        throw EConvertError(file + ": no rows behind line " + std::to_string(FDialect.HeaderLine) +
-                            ", which names the columns");
+        throw ENoRows(file + ": no rows behind line " + std::to_string(FDialect.HeaderLine) +
+                      ", which names the columns");
     if (2 * FSurplusRows > FRows)
         FailSurplus();
     TCsvTable table;

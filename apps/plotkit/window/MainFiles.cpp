@@ -7,9 +7,11 @@
 #include <QPrintDialog>
 #include <QPrinter>
 #include <QStatusBar>
+#include <QTimer>
 
 #include "host/StringList.h"
 #include "plotkit/window/MainWindow.h"
+#include "plotkit/window/MessageBar.h"
 #include "qt/KxPictureCopy.h"
 #include "qt/KxVectorExport.h"
 
@@ -123,6 +125,46 @@ void TMainWindow::dropEvent(QDropEvent* event)
         Open(file.toStdString());
     if (urls.size() > 1)
         Report("One window shows one file: only " + file.toStdString() + " was opened");
+}
+
+void TMainWindow::Open(const std::string& fileName)
+{
+    TOptions options = FOptions;
+    // What the command line says of columns and captions is meant for its own file.
+    if (fileName != FOptions.File) {
+        options.X.reset();
+        options.Ys.clear();
+        options.Title.reset();
+        options.XCaption.reset();
+        options.YCaption.reset();
+        options.XScale = options.YScale = scAuto;
+        options.Fit = {};
+    }
+    options.File = fileName;
+    options.Database.reset();
+    Load(options);
+}
+
+void TMainWindow::Await(const TOptions& options, const std::string& why)
+{
+    const bool isNews = !FAwait->isActive() || FAwaited.File != options.File;
+    FAwaited = options;
+    if (!isNews)
+        return;
+    FAwaitedSize = -1;
+    FAwait->start(static_cast<int>(options.Follow.value_or(1) * 1000));
+    FMessages->Clear();
+    Report(why + "; it is shown when there are some");
+}
+
+void TMainWindow::LookForRows()
+{
+    // Before it is read, since it may grow meanwhile.
+    const std::int64_t size = QFileInfo(QString::fromStdString(FAwaited.File)).size();
+    if (size == FAwaitedSize)
+        return;
+    FAwaitedSize = size;
+    Load(TOptions(FAwaited));
 }
 
 }  // namespace plotkit

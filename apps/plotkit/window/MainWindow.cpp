@@ -93,6 +93,8 @@ TMainWindow::TMainWindow(const TOptions& options) : FOptions(options)
         if (HasGraph())
             Try([this] { FDocument->KeepLabelsInside(); });
     });
+    FAwait = new QTimer(this);
+    connect(FAwait, &QTimer::timeout, this, &TMainWindow::LookForRows);
     AddMenus();
     FColumns->hide();
     EnableForGraph();
@@ -144,36 +146,25 @@ void TMainWindow::Try(const std::function<void()>& action)
     }
 }
 
-void TMainWindow::Open(const std::string& fileName)
-{
-    TOptions options = FOptions;
-    // What the command line says of columns and captions is meant for its own file.
-    if (fileName != FOptions.File) {
-        options.X.reset();
-        options.Ys.clear();
-        options.Title.reset();
-        options.XCaption.reset();
-        options.YCaption.reset();
-        options.XScale = options.YScale = scAuto;
-        options.Fit = {};
-    }
-    options.File = fileName;
-    options.Database.reset();
-    Load(options);
-}
-
 void TMainWindow::Load(const TOptions& options)
 {
     Try([&] {
         TOptions own = options;
         own.Scheme = WindowsAreDark() ? ccDark : ccLight;
-        Show(std::make_unique<TDocument>(own, NewReadingBox(*this, options.File)));
+        try {
+            Show(std::make_unique<TDocument>(own, NewReadingBox(*this, options.File)));
+        } catch (const ENoRows& error) {
+            if (!options.Follow)
+                throw;
+            Await(options, error.Message());
+        }
     });
 }
 
 void TMainWindow::Show(std::unique_ptr<TDocument> document)
 {
     LeaveView();
+    FAwait->stop();
     // A picture of another file is another one.
     if (HasGraph() && FDocument->Options().File != document->Options().File)
         FExportWish.File.clear();

@@ -83,6 +83,9 @@ private:
 
     // The document and its view.
     void Load(const TOptions& options);
+    /// A file that is followed has no rows yet: it is opened when it has some, unless another one is opened before.
+    void Await(const TOptions& options, const std::string& why);
+    void LookForRows();
     /// The same file, from the present view on.
     void LoadAgain(const TOptions& options);
     /// Runs a change that replaces the document's graph, and shows the new one.
@@ -127,7 +130,10 @@ private:
     QActionGroup* FXScales = nullptr;
     QActionGroup* FYScales = nullptr;
     QAction* FFollow = nullptr;
-    QTimer* FNewLayout = nullptr;   ///< axes took other room; labels are looked after when it is over
+    TOptions FAwaited;  ///< of the file that has no rows yet
+    std::int64_t FAwaitedSize = 0;
+    QTimer* FAwait = nullptr;
+    QTimer* FNewLayout = nullptr;  ///< axes took other room; labels are looked after when it is over
     QAction* FEditLook = nullptr;
     QList<QAction*> FGraphActions;  ///< that make sense with a graph only
     QList<QAction*> FGraphTools;    ///< of the present view
