@@ -100,7 +100,13 @@ void TKxRealStore::SetCount(int n)
     FCount = std::max(n, 0);
     ++FVersion;
     if (FCount == 0)
-        FFilledAt = FVersion;
+        Filled();
+}
+
+void TKxRealStore::Filled()
+{
+    FFilledAt = FVersion;
+    FDroppedAtFill = FDropped;
 }
 
 void TKxRealStore::Replace(TKxRealArray values)
@@ -110,7 +116,8 @@ void TKxRealStore::Replace(TKxRealArray values)
     FValues = std::move(values);
     FStart = 0;
     FCount = static_cast<int>(FValues.Length());
-    FFilledAt = ++FVersion;
+    ++FVersion;
+    Filled();
     Drop(std::max(FCount - FLimit, 0));
     ReserveFor(FCount);
     if (IsRing() && FValues.Length() > 2 * RingLength(FLimit))
@@ -128,7 +135,8 @@ void TKxRealStore::Refill(TKxRealArray values)
     }
     FValues = std::move(values);
     FCount = static_cast<int>(count);
-    FFilledAt = ++FVersion;
+    ++FVersion;
+    Filled();
     while (FCapacity <= FCount)
         FCapacity = SumOf(FCapacity, FIncrement);
 }

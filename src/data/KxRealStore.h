@@ -30,6 +30,7 @@ public:
     std::uint64_t Version() const { return FVersion; }
     std::uint64_t Dropped() const { return FDropped; }
     std::uint64_t FilledAt() const { return FFilledAt; }
+    std::uint64_t DroppedAtFill() const { return FDroppedAtFill; }
     /// Whether values were dropped since the last call.
     bool TakeDrop()
     {
@@ -80,13 +81,14 @@ private:
     }
     int Push(int i, double value);
     void Drop(int count);
+    void Filled();
     void MoveBack();
     void ReserveFor(int n);
     void GrowFor(int n);
 
     TKxRealArray FValues;    ///< elements that were ever written; the rest of the capacity is zero
     std::size_t FStart = 0;  ///< of the valid elements; 0 but in a ring
-    std::uint64_t FVersion = 0, FDropped = 0, FTakenDrop = 0, FFilledAt = 0;
+    std::uint64_t FVersion = 0, FDropped = 0, FTakenDrop = 0, FFilledAt = 0, FDroppedAtFill = 0;
     int FCount = 0;
     int FCapacity = 50;
     int FIncrement = 50;

@@ -50,6 +50,8 @@ public:
     std::uint64_t Dropped() const { return FStore.Dropped(); }
     /// The version at which all values were replaced or removed last.
     std::uint64_t FilledAt() const { return FStore.FilledAt(); }
+    /// What `Dropped` was then.
+    std::uint64_t DroppedAtFill() const { return FStore.DroppedAtFill(); }
 
 protected:
     TKxRealStore& Store() { return FStore; }
