@@ -119,7 +119,21 @@ void AppendOnly(benchmark::State& state, const TLibrary& library)
     }
 }
 
+/// Of data that nobody has looked through.
 void FindRange(benchmark::State& state, const TLibrary& library)
+{
+    const auto count = static_cast<std::size_t>(state.range(0));
+    const auto plot = Filled(library, TLook::Line, count);
+    for (auto _ : state) {
+        state.PauseTiming();
+        plot->Touch();
+        state.ResumeTiming();
+        plot->FindRange();
+    }
+}
+
+/// The same again and again.
+void FindKnownRange(benchmark::State& state, const TLibrary& library)
 {
     const auto plot = Filled(library, TLook::Line, static_cast<std::size_t>(state.range(0)));
     for (auto _ : state)
@@ -211,6 +225,7 @@ void RegisterCases(const TLibrary& library)
     addCase("append", Append, {1, 100});
     addCase("append only", AppendOnly, {});
     addCase("range", FindRange, {10000000});
+    addCase("known range", FindKnownRange, {10000000});
     addCase("thousand series", ThousandSeries, {});
     for (const char* ending : {"png", "svg", "pdf"})
         add(std::string("export ") + ending, [=](benchmark::State& state) { Export(state, library, ending); },

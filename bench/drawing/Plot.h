@@ -40,8 +40,10 @@ public:
     /// Another series, which `Prepare` and `Take` then mean. False when there can be one only.
     virtual bool NewSeries() = 0;
     virtual void Add(double x, double y) = 0;
-    /// Finds smallest and largest values of all data anew.
+    /// Finds smallest and largest values of all data.
     virtual void FindRange() = 0;
+    /// What is known of the data is forgotten.
+    virtual void Touch() {}
 
     /// The axes show these values from now on, whatever the data.
     virtual void ShowX(double from, double to) = 0;

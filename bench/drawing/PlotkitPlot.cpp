@@ -25,6 +25,11 @@ class TMeasuredSeries : public TKxDataSeries
 {
 public:
     using TKxDataSeries::TKxDataSeries;
+    void ForgetAll()
+    {
+        FX.Known.Clear();
+        FY.Known.Clear();
+    }
     void ScanAll()
     {
         FX.Forget();
@@ -87,6 +92,7 @@ public:
     }
 
     void FindRange() override { FSeries->ScanAll(); }
+    void Touch() override { FSeries->ForgetAll(); }
     void ShowX(double from, double to) override { Show(*FGraph->GetPrimaryXAxis(), from, to); }
     void ShowY(double from, double to) override { Show(*FGraph->GetPrimaryYAxis(), from, to); }
 

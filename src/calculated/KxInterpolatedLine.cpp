@@ -27,11 +27,6 @@ void AddExtrema(const std::string& kind, const TKxRealPosArray& extrema, TEntrie
     }
 }
 
-std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
-{
-    return vector ? vector->Values() : std::span<const double>();
-}
-
 /// Each step of the grid divided into equal parts.
 std::vector<double> Refined(std::span<const double> grid, std::size_t parts)
 {
@@ -66,9 +61,10 @@ void TKxInterpolatedFunction::RecalculateCoeffs(TKxIntPolynom& curve) const
 {
     const TKxSeries* const parent = GetParentSeries();
     const TKxCustomRealVector* const weight = GetWeight();
-    curve.RecalculateCoeffs(
-        GetCalculationStart(), GetCalculationStop(), ValuesOf(parent ? parent->GetXData() : nullptr),
-        ValuesOf(parent ? parent->GetYData() : nullptr), weight ? std::optional(weight->Values()) : std::nullopt);
+    using TValues = std::span<const double>;
+    curve.RecalculateCoeffs(GetCalculationStart(), GetCalculationStop(), parent ? parent->XValues() : TValues(),
+                            parent ? parent->YValues() : TValues(),
+                            weight ? std::optional(weight->Values()) : std::nullopt);
 }
 
 void TKxInterpolatedFunction::GetRunningIntegral(TKxIntPolynom& curve)

@@ -20,8 +20,8 @@ std::pair<double, double> XExtentOf(TKxSeries& series)
     std::pair<double, double> extent{1.7e308, -1.7e308};
     if (!series.GetXData() || !series.GetYData())
         return extent;
-    const auto values = series.GetXData()->Values();
-    const auto count = std::min(values.size(), series.GetYData()->Values().size());
+    const auto values = series.XValues();
+    const auto count = std::min(values.size(), series.YValues().size());
     for (const double value : values.first(count))
         if (std::isfinite(value)) {
             extent.first = std::min(extent.first, value);

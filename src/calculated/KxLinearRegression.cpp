@@ -22,11 +22,6 @@ constexpr std::array LinearRegressionProperties{
     Property<&TLine::GetDoFixedOffset, &TLine::SetDoFixedOffset>("DoFixedOffset"),
 };
 
-std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
-{
-    return vector ? vector->Values() : std::span<const double>();
-}
-
 void WritePercent(TKxIniList& list, const std::string& section, const char* key, double delta, double value)
 {
     if (value != 0)
@@ -86,9 +81,9 @@ void TKxLinearRegressionLine::CalculateFunction()
 {
     const TKxNotCalculatedSeries* const parent = GetParentSeries();
     const TKxCustomRealVector* const weight = GetWeight();
-    auto x = ValuesOf(parent ? parent->GetXData() : nullptr);
-    auto y = ValuesOf(parent ? parent->GetYData() : nullptr);
-    auto weights = ValuesOf(weight);
+    auto x = parent ? parent->XValues() : std::span<const double>();
+    auto y = parent ? parent->YValues() : std::span<const double>();
+    auto weights = weight ? weight->Values() : std::span<const double>();
     double start = GetCalculationStart(), stop = GetCalculationStop();
     double displayStart = GetDisplayStart();
     TLogPairs pairs;

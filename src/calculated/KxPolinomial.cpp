@@ -24,11 +24,6 @@ std::string CoefficientName(std::size_t i)
     return name;
 }
 
-std::span<const double> ValuesOf(const TKxCustomRealVector* vector)
-{
-    return vector ? vector->Values() : std::span<const double>();
-}
-
 }  // namespace
 
 constinit const TClassInfo TKxPolynomLine::Class{"TKxPolynomLine", &TKxCalculatedSeries::Class, PolynomLineProperties,
@@ -77,8 +72,8 @@ void TKxPolynomLine::CalculateFunction()
     const TKxNotCalculatedSeries* const parent = GetParentSeries();
     if (parent && IsDesigning() && parent->PointsCount() <= FResults.Order)
         return;
-    const auto x = ValuesOf(parent ? parent->GetXData() : nullptr);
-    const auto y = ValuesOf(parent ? parent->GetYData() : nullptr);
+    const auto x = parent ? parent->XValues() : std::span<const double>();
+    const auto y = parent ? parent->YValues() : std::span<const double>();
     TKxPolynomRegessionResults results;
     results.Order = FResults.Order;
     if (const TKxCustomRealVector* const weight = GetWeight())

@@ -183,12 +183,20 @@ bool Ascends(std::span<const double> values)
 {
     if (values.empty())
         return true;
-    if (!std::isfinite(values.front()) || !std::isfinite(values.back()))
-        return false;
-    for (std::size_t first = 0; first + 1 < values.size(); first += ChunkLength)
-        if (!AnyAscending(values.data() + first, std::min(ChunkLength + 1, values.size() - first)))
-            return false;
-    return true;
+    return std::isfinite(values.front()) && std::isfinite(values.back()) && LastDescent(values) == 0;
+}
+
+std::size_t LastDescent(std::span<const double> values)
+{
+    for (std::size_t last = values.size(); last > 1;) {
+        const std::size_t first = last - std::min(ChunkLength, last - 1) - 1;
+        if (!AnyAscending(values.data() + first, last - first))
+            while (--last > first)
+                if (!(values[last - 1] <= values[last]))
+                    return last;
+        last = first + 1;
+    }
+    return 0;
 }
 
 }  // namespace plotkit

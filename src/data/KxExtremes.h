@@ -59,5 +59,8 @@ TKxPlacedExtremes PlacedExtremesOf(std::span<const double> values);
 
 /// Whether all are finite and none is smaller than the one before.
 bool Ascends(std::span<const double> values);
+/// The last value that does not ascend from the one before it, because it is smaller or one of them is no number; 0 for
+/// none.
+std::size_t LastDescent(std::span<const double> values);
 
 }  // namespace plotkit

@@ -110,14 +110,15 @@ void TKxAxisScale::ValuesRangeChanged(TRange&)
     }
     if (FValuesRange.GetStart() > FValuesRange.GetStop())
         return;
-    FollowEnd(FStartEnd, FValuesRange.GetStart(), &TRange::SetStart);
-    FollowEnd(FStopEnd, FValuesRange.GetStop(), &TRange::SetStop);
+    FollowEnd<&TRange::SetStart>(FStartEnd, FValuesRange.GetStart());
+    FollowEnd<&TRange::SetStop>(FStopEnd, FValuesRange.GetStop());
 }
 
-void TKxAxisScale::FollowEnd(TKxAxEnd end, double value, void (TRange::*set)(double))
+template <auto Set>
+void TKxAxisScale::FollowEnd(TKxAxEnd end, double value)
 {
     if (end == AxAutoRange) {
-        (FRange.*set)(value);
+        (FRange.*Set)(value);
         FNeedsCalculate = true;
         FChosen.Known = false;
     } else if (end == AxFirstSet) {

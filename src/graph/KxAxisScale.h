@@ -136,7 +136,8 @@ private:
     void LogEnds();
     void MakeLogRangePositive();
     void RoundLogEnds();
-    void FollowEnd(TKxAxEnd end, double value, void (TRange::*set)(double));
+    template <auto Set>
+    void FollowEnd(TKxAxEnd end, double value);
 
     TRangeList FValueRanges;
 };

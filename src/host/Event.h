@@ -109,8 +109,10 @@ public:
     {
         if (!*this)
             return;
-        const auto kept = FLambda;  // the callable may replace this event while it runs
-        FCall(FTarget, static_cast<TArgs>(args)...);
+        if (FLambda)
+            CallKept(static_cast<TArgs>(args)...);
+        else
+            FCall(FTarget, static_cast<TArgs>(args)...);
     }
 
     /// Whether both run the same routine, on whatever object.
@@ -124,6 +126,12 @@ public:
     }
 
 private:
+    void CallKept(TArgs... args) const
+    {
+        const auto kept = FLambda;  // the callable may replace this event while it runs
+        FCall(FTarget, static_cast<TArgs>(args)...);
+    }
+
     std::shared_ptr<std::function<void(TArgs...)>> FLambda;
     std::weak_ptr<const void> FLife;
     void* FTarget = nullptr;

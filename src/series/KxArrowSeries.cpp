@@ -84,7 +84,7 @@ TKxExtent TKxArrowSeries::ExtentOf(bool isX, int i) const
     const TKxSeriesDirection& direction = isX ? FX : FY;
     if (i < 0 || i >= direction.Count())
         return {std::nan(""), std::nan("")};
-    const double start = direction.Data->GetValue(i);
+    const double start = direction.Value(i);
     const double end = start + ShiftOf(FShifts[isX ? 0 : 1], i);
     // Nothing of an arrow stands where a logarithmic axis has no place.
     return {start, end <= 0 && IsLog(direction.Axis) ? start : end};

@@ -112,7 +112,7 @@ TKxBarSeries::TSharing TKxBarSeries::Sharing() const
 std::optional<std::pair<int, int>> TKxBarSeries::SpanOf(int i, const TSharing& sharing) const
 {
     const TKxSeriesDirection& edges = Edges();
-    const double first = edges.Data->GetValue(i), second = edges.Data->GetValue(i + 1);
+    const double first = edges.Value(i), second = edges.Value(i + 1);
     if (!std::isfinite(first) || !std::isfinite(second) || first == second || sharing.Gap >= 100)
         return std::nullopt;
     const TKxAxisMapping mapping = edges.Axis->Mapping();

@@ -118,7 +118,7 @@ double TKxBarSeries::TotalBelow(int i) const
         const TKxSeriesDirection& heights = below->Heights();
         if (below->PointsCount() <= i || heights.Count() <= i)
             continue;
-        const double value = heights.Data->GetValue(i);
+        const double value = heights.Value(i);
         total += std::isfinite(value) ? value : 0;
     }
     return total;
@@ -128,7 +128,7 @@ double TKxBarSeries::CoordinateOf(const TKxSeriesDirection& direction, int i) co
 {
     if (i < 0 || i >= direction.Count())
         return None;
-    const double value = direction.Data->GetValue(i);
+    const double value = direction.Value(i);
     return &direction == &Heights() && FStackOverlays ? value + TotalBelow(i) : value;
 }
 
@@ -137,7 +137,7 @@ double TKxBarSeries::DepthOf(double parts, int i) const
     const TKxSeriesDirection& edges = Edges();
     if (!FShow3DBars || i <= 0 || i >= edges.Count())
         return 0;
-    return (edges.Data->GetValue(i) - edges.Data->GetValue(i - 1)) * (FDepthPercent / parts - FBarsGapPercent / 200);
+    return (edges.Value(i) - edges.Value(i - 1)) * (FDepthPercent / parts - FBarsGapPercent / 200);
 }
 
 int TKxBarSeries::IdxNeeded(const TKxSeriesDirection& direction) const

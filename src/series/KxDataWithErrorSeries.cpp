@@ -98,7 +98,7 @@ TKxExtent TKxDataWithErrorSeries::ExtentOf(bool isX, int i) const
     const TKxSeriesDirection& direction = isX ? FX : FY;
     if (i < 0 || i >= direction.Count())
         return {std::nan(""), std::nan("")};
-    const double value = direction.Data->GetValue(i);
+    const double value = direction.Value(i);
     const double low = value - ErrorOf(isX ? XMinus : YMinus, i);
     // A logarithmic axis that had to show what is not positive would show little else.
     const bool endsAtFloor = low <= 0 && IsLog(direction.Axis);
@@ -130,7 +130,7 @@ void TKxDataWithErrorSeries::CalculateErrors(int first, int end)
         if (error.Pixels.GetCount() < last)
             error.Pixels.SetCount(last);
         const TKxAxisMapping mapping = direction.Axis->Mapping();
-        const auto errors = error.Data->Values(), values = direction.Data->Values();
+        const auto errors = error.Data->Values(), values = direction.Values();
         const auto points = FPoints.Values();
         const auto lengths = error.Pixels.Write();
         for (auto i = static_cast<std::size_t>(first); i < static_cast<std::size_t>(last); ++i) {

@@ -144,7 +144,7 @@ void TKxGraphCursor::StepPixels(int pixels)
         return;
     TKxNearestPoint& points = FReader.Points(place);
     const TKxAxisMapping mapping = FSeries->GetXAxis()->Mapping();
-    const auto right = [&](int index) { return PlaceOf(mapping, FSeries->GetXData()->GetValue(index)); };
+    const auto right = [&](int index) { return PlaceOf(mapping, FSeries->XValues()[static_cast<std::size_t>(index)]); };
     const double from = PlaceOf(mapping, reading->X);
     const int next = points.Next(FIndex, pixels);
     const bool hasOrder = points.IsOrdered();

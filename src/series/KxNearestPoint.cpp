@@ -5,6 +5,7 @@
 #include <cmath>
 #include <cstdint>
 #include <limits>
+#include <utility>
 
 #include "foundation/KxArithm.h"
 #include "graph/KxAxis.h"
@@ -87,12 +88,24 @@ void TKxNearestPoint::Follow(TKxCustomRealVector* vector)
     if (!vector)
         return;
     FVectorAlive = vector->Lifeline().Watch();
-    vector->ChangedList().Add(FEvent);
+    FDropped = vector->Dropped();
+    vector->ChangedList().AddForDrops(FEvent);
+}
+
+void TKxNearestPoint::FollowDrops()
+{
+    const std::uint64_t count = FVector->Dropped() - std::exchange(FDropped, FVector->Dropped());
+    if (count == 0 || FKnown == 0)
+        return;
+    FKnown = FOrder == orNone || count >= FKnown ? 0 : FKnown - count;
+    FPlace = FVector->Values().data();
+    FFirst = FVector->Values().front();
 }
 
 void TKxNearestPoint::ValueChanged(int index, bool wasDeleted)
 {
     const auto at = static_cast<std::size_t>(index);
+    FollowDrops();
     if (wasDeleted || index < 0) {
         FKnown = 0;
         return;
@@ -115,7 +128,7 @@ void TKxNearestPoint::ValueChanged(int index, bool wasDeleted)
 
 std::span<const double> TKxNearestPoint::Xs() const
 {
-    return FSeries->GetXData()->Values().first(static_cast<std::size_t>(Count()));
+    return FSeries->XValues().first(static_cast<std::size_t>(Count()));
 }
 
 bool TKxNearestPoint::TPlaces::Has(std::size_t i) const
@@ -126,15 +139,14 @@ bool TKxNearestPoint::TPlaces::Has(std::size_t i) const
 TKxNearestPoint::TPlaces TKxNearestPoint::Places() const
 {
     const auto xs = Xs();
-    return {xs, FSeries->GetYData()->Values().first(xs.size()), FSeries->GetXAxis()->Mapping(),
-            FSeries->GetYAxis()->Mapping()};
+    return {xs, FSeries->YValues().first(xs.size()), FSeries->GetXAxis()->Mapping(), FSeries->GetYAxis()->Mapping()};
 }
 
 int TKxNearestPoint::Count() const
 {
     if (FAlive.expired() || !CanBeRead(*FSeries))
         return -1;
-    return std::min(FSeries->GetXData()->GetCount(), FSeries->GetYData()->GetCount());
+    return static_cast<int>(std::min(FSeries->XValues().size(), FSeries->YValues().size()));
 }
 
 bool TKxNearestPoint::HasPlace(int index) const

@@ -70,6 +70,7 @@ private:
 
     TPlaces Places() const;
     void Follow(TKxCustomRealVector* vector);
+    void FollowDrops();
     void ValueChanged(int index, bool wasDeleted);
     TOrder Order();
     TOrder OrderOfNew(std::span<const double> xs) const;
@@ -86,7 +87,8 @@ private:
     std::weak_ptr<const void> FVectorAlive;
     TKxValueIChangedEvent FEvent;
     TOrder FOrder = orAscending;
-    std::size_t FKnown = 0;  ///< the order is that of so many values
+    std::size_t FKnown = 0;      ///< the order is that of so many values
+    std::uint64_t FDropped = 0;  ///< by the vector
     const double* FPlace = nullptr;
     double FFirst = 0, FLast = 0;  ///< of the known ones
 };

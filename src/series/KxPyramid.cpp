@@ -8,6 +8,8 @@ namespace plotkit {
 
 namespace {
 
+constexpr int HighestSearched = 2;  ///< in whose blocks a value is found quickly
+
 constexpr std::size_t RoundedUp(std::size_t n, std::size_t step)
 {
     return (n + step - 1) / step;
@@ -49,55 +51,91 @@ TKxPyramid::TBlock TKxPyramid::Joined(std::span<const TBlock> blocks)
     return content == coWhole ? joined : TBlock::Of(content);
 }
 
+std::size_t TKxPyramid::LengthOf(std::size_t level)
+{
+    std::size_t length = BlockLength;
+    for (; level > 0; --level)
+        length *= FanOut;
+    return length;
+}
+
+void TKxPyramid::TLevel::Forget(std::size_t first)
+{
+    if (first <= Gone + Blocks.size() / 2)
+        return;
+    const std::size_t count = std::min(first - Gone, Blocks.size());
+    Blocks.erase(Blocks.begin(), Blocks.begin() + static_cast<std::ptrdiff_t>(count));
+    Gone = Blocks.empty() ? first : Gone + count;
+}
+
 void TKxPyramid::Clear()
 {
+    FFirst = 0;
     FKnown = 0;
     FLevels.clear();
+}
+
+void TKxPyramid::Drop(std::size_t count)
+{
+    if (count >= FKnown)
+        return Clear();
+    FFirst += count;
+    FKnown -= count;
+}
+
+/// A block that begins before the first value holds nothing that anybody asks for.
+TKxPyramid::TBlock TKxPyramid::Made(std::span<const double> values, std::size_t level, std::size_t block) const
+{
+    if (block * LengthOf(level) < FFirst)
+        return TBlock::Of(coMixed);
+    if (level == 0)
+        return BlockOf(values.subspan(block * BlockLength - FFirst, BlockLength));
+    return Joined({&FLevels[level - 1][block * FanOut], FanOut});
 }
 
 void TKxPyramid::Extend(std::span<const double> values)
 {
     FKnown = std::max(FKnown, values.size());
-    const std::size_t complete = FKnown / BlockLength;
-    if (FLevels.empty())
-        FLevels.emplace_back();
-    std::vector<TBlock>& blocks = FLevels.front();
-    if (blocks.size() == complete)
-        return;
-    for (std::size_t i = blocks.size(); i < complete; ++i)
-        blocks.push_back(BlockOf(values.subspan(i * BlockLength, BlockLength)));
-    ExtendLevels();
-}
-
-void TKxPyramid::ExtendLevels()
-{
-    for (std::size_t level = 0; FLevels[level].size() >= FanOut; ++level) {
-        if (level + 1 == FLevels.size())
+    std::size_t complete = (FFirst + FKnown) / BlockLength, first = FFirst / BlockLength;
+    for (std::size_t level = 0; level == 0 || complete > 0; ++level, complete /= FanOut, first /= FanOut) {
+        if (level == FLevels.size()) {
             FLevels.emplace_back();
-        const std::span<const TBlock> blocks = FLevels[level];
-        std::vector<TBlock>& joined = FLevels[level + 1];
-        for (std::size_t i = joined.size(); i < blocks.size() / FanOut; ++i)
-            joined.push_back(Joined(blocks.subspan(i * FanOut, FanOut)));
+            FLevels[level].Gone = first;
+        }
+        TLevel& blocks = FLevels[level];
+        if (level == 0 && blocks.End() == complete)
+            return;
+        blocks.Forget(first);
+        for (std::size_t i = blocks.End(); i < complete; ++i)
+            blocks.Blocks.push_back(Made(values, level, i));
     }
 }
 
 void TKxPyramid::Renew(std::span<const double> values, std::size_t i)
 {
-    std::size_t block = i / BlockLength;
-    for (std::size_t level = 0; level < FLevels.size() && block < FLevels[level].size(); ++level) {
-        FLevels[level][block] = level == 0 ? BlockOf(values.subspan(block * BlockLength, BlockLength))
-                                           : Joined(std::span(FLevels[level - 1]).subspan(block * FanOut, FanOut));
+    std::size_t block = (FFirst + i) / BlockLength;
+    for (std::size_t level = 0; level < FLevels.size() && block < FLevels[level].End(); ++level) {
+        if (block >= FLevels[level].Gone)
+            FLevels[level][block] = Made(values, level, block);
         block /= FanOut;
     }
 }
 
 TKxExtremes TKxPyramid::Extremes(std::span<const double> values, std::size_t first, std::size_t end) const
 {
-    std::size_t from = RoundedUp(first, BlockLength), to = end / BlockLength;
+    std::size_t from = RoundedUp(FFirst + first, BlockLength), to = (FFirst + end) / BlockLength;
     if (from >= to)
         return StretchOf(values.subspan(first, end - first)).Extremes;
-    TKxExtremes found = StretchOf(values.subspan(first, from * BlockLength - first)).Extremes;
-    found.Add(StretchOf(values.subspan(to * BlockLength, end - to * BlockLength)).Extremes);
+    const std::size_t left = from * BlockLength - FFirst, right = to * BlockLength - FFirst;
+    TKxExtremes found = StretchOf(values.subspan(first, left - first)).Extremes;
+    found.Add(StretchOf(values.subspan(right, end - right)).Extremes);
+    found.Add(BlockExtremes(from, to));
+    return found;
+}
+
+TKxExtremes TKxPyramid::BlockExtremes(std::size_t from, std::size_t to) const
+{
+    TKxExtremes found;
     for (std::size_t level = 0;; ++level) {
         const std::size_t innerFrom = RoundedUp(from, FanOut), innerTo = to / FanOut;
         const bool isLast = innerFrom >= innerTo;
@@ -116,11 +154,17 @@ TKxExtremes TKxPyramid::Extremes(std::span<const double> values, std::size_t fir
 TKxPlacedExtremes TKxPyramid::PlacedExtremes(std::span<const double> values) const
 {
     TKxExtremeSearch search(values);
-    for (std::size_t first = 0; first < values.size(); first += BlockLength) {
-        const std::size_t block = first / BlockLength;
-        const bool isKnown = first + BlockLength <= values.size() && FLevels[0][block].Content() == coWhole;
-        const auto stretch = values.subspan(first, std::min(BlockLength, values.size() - first));
-        search.Add(isKnown ? FLevels[0][block].Extremes : StretchOf(stretch).Extremes, first);
+    for (std::size_t first = 0; first < values.size();) {
+        const int level = std::min(LevelAt(first, values.size(), coWhole), HighestSearched);
+        if (level >= 0) {
+            const std::size_t length = LengthOf(static_cast<std::size_t>(level));
+            search.Add(FLevels[static_cast<std::size_t>(level)][(FFirst + first) / length].Extremes, first);
+            first += length;
+            continue;
+        }
+        const auto stretch = values.subspan(first, std::min(ToBlockEnd(first), values.size() - first));
+        search.Add(StretchOf(stretch).Extremes, first);
+        first += stretch.size();
     }
     return search.Found();
 }
@@ -128,10 +172,11 @@ TKxPlacedExtremes TKxPyramid::PlacedExtremes(std::span<const double> values) con
 int TKxPyramid::LevelAt(std::size_t first, std::size_t end, TContent content) const
 {
     int found = -1;
+    const std::size_t place = FFirst + first;
     std::size_t length = BlockLength;
     for (std::size_t level = 0; level < FLevels.size(); ++level, length *= FanOut) {
-        const std::size_t block = first / length;
-        if (first % length != 0 || first + length > end || block >= FLevels[level].size())
+        const std::size_t block = place / length;
+        if (place % length != 0 || first + length > end || block >= FLevels[level].End())
             break;
         if (FLevels[level][block].Content() == content)
             found = static_cast<int>(level);
@@ -146,13 +191,10 @@ std::size_t TKxPyramid::Find(std::span<const double> values, std::size_t first, 
     while (first < end) {
         const int level = LevelAt(first, end, skipped);
         if (level >= 0) {
-            std::size_t length = BlockLength;
-            for (int i = 0; i < level; ++i)
-                length *= FanOut;
-            first += length;
+            first += LengthOf(static_cast<std::size_t>(level));
             continue;
         }
-        const std::size_t stop = std::min(end, (first / BlockLength + 1) * BlockLength);
+        const std::size_t stop = std::min(end, first + ToBlockEnd(first));
         for (; first < stop; ++first)
             if (wanted(values[first]))
                 return first;

@@ -20,6 +20,8 @@ public:
     void Clear();
     /// How many of the first values it knows.
     std::size_t Known() const { return FKnown; }
+    /// The first `count` values went; those behind them are the first ones now.
+    void Drop(std::size_t count);
     /// Takes in the values behind the known ones.
     void Extend(std::span<const double> values);
     /// Value `i`, a known one, has changed.
@@ -48,18 +50,34 @@ private:
         static TBlock Of(TContent content);
     };
 
+    /// Blocks begin at fixed places, counted from the first value that there ever was, so that those in front can go.
+    struct TLevel
+    {
+        std::vector<TBlock> Blocks;  ///< complete ones only
+        std::size_t Gone = 0;        ///< so many went before them
+
+        std::size_t End() const { return Gone + Blocks.size(); }
+        TBlock& operator[](std::size_t i) { return Blocks[i - Gone]; }
+        const TBlock& operator[](std::size_t i) const { return Blocks[i - Gone]; }
+        void Forget(std::size_t first);
+    };
+
     static TBlock BlockOf(std::span<const double> values);
     static TBlock Joined(std::span<const TBlock> blocks);
-    void ExtendLevels();
-    /// The level of the largest block that begins at value `first`, ends before `end` and has this content; -1 for
+    static std::size_t LengthOf(std::size_t level);
+    std::size_t ToBlockEnd(std::size_t i) const { return BlockLength - (FFirst + i) % BlockLength; }
+    TBlock Made(std::span<const double> values, std::size_t level, std::size_t block) const;
+    TKxExtremes BlockExtremes(std::size_t from, std::size_t to) const;
+    /// The level of the largest block that begins at place `first`, ends before `end` and has this content; -1 for
     /// none.
     int LevelAt(std::size_t first, std::size_t end, TContent content) const;
     template <class TWanted>
     std::size_t Find(std::span<const double> values, std::size_t first, std::size_t end, TContent skipped,
                      TWanted wanted) const;
 
+    std::size_t FFirst = 0;  ///< the place of the first value
     std::size_t FKnown = 0;
-    std::vector<std::vector<TBlock>> FLevels;  ///< complete blocks only
+    std::vector<TLevel> FLevels;
 };
 
 }  // namespace plotkit

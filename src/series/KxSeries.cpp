@@ -145,9 +145,11 @@ bool TKxSeries::LinkData(TKxSeriesDirection& direction, TKxCustomRealVector* vec
         direction.Data->ChangedList().Remove(event);
     direction.LeaveAxis();
     direction.SetData(vector);
+    FPairing = {};
+    FIsPlain = !HasOwnPointRule();
     WatchFor(vector);
     if (vector && direction.Axis) {
-        vector->ChangedList().Add(event);
+        vector->ChangedList().AddForDrops(event);
         direction.EnterAxis();
     }
     return true;

@@ -5,6 +5,7 @@
 
 #include "data/KxPointVector.h"
 #include "series/KxLineReduction.h"
+#include "series/KxPairing.h"
 #include "series/KxSeriesDirection.h"
 #include "series/KxStyledSeries.h"
 
@@ -37,6 +38,12 @@ public:
     virtual TKxCustomRealVector* GetWeight() const { return FWeight; }
     virtual void SetWeight(TKxCustomRealVector* vector);
 
+    /// Those of the vectors, but without the oldest ones whose partner was dropped while it still waits for its own
+    /// turn.
+    std::span<const double> XValues() const { return FX.Values(); }
+    std::span<const double> YValues() const { return FY.Values(); }
+
+    /// Where vectors drop their oldest values, ranges and indexes follow with the next paint.
     TRange& XRange() { return FX.Range; }
     TRange& YRange() { return FY.Range; }
     int XMinIndex() const { return FX.MinIndex; }
@@ -126,6 +133,10 @@ protected:
 
 private:
     void LinkAxis(TKxSeriesDirection& direction, TKxAxis* axis);
+    void FollowPairs();
+    bool FollowNewest(bool isX, int index);
+    bool FollowAny(bool isX, int index, bool wasDeleted);
+    void FollowRange(bool isX, int index);
     void ValueChanged(bool isX, int index, bool wasDeleted);
     void AddNewPoints(bool isX, int first);
     void FollowNewValues(bool isX, int first, int end);
@@ -142,10 +153,13 @@ private:
     TKxCustomRealVector* FWeight = nullptr;
     TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
     std::unique_ptr<TKxOrderWatch> FOrderWatch;
+    TKxPairing FPairing;
     TKxDrawnLine FDrawnLine;
     TKxSeriesList FChilds;
     std::string FChildError;  ///< passed on last
     bool FPointsNeedRecalc = true, FRangesNeedRecalc = false, FChildsNeedRecalc = false;
+    bool FRangesWait = false;  ///< extremes went at the front: nothing is widened before the next scan
+    bool FIsPlain = false;     ///< no point rule of its own
     bool FHasTold = false;     ///< of the change that is being followed
     bool FAwaitsAxes = false;  ///< new ranges went to the axes, points come with the next paint
 };

@@ -25,9 +25,9 @@ void TKxSeriesDirection::Scan(int count)
     const int end = std::clamp(count, 0, Count());
     TKxPlacedExtremes found;
     if (end > TKxKnownValues::Few)
-        found = Known.Extremes(*Data, end);
+        found = Known.Extremes(*Data, Skip, end);
     else if (Data)
-        found = PlacedExtremesOf(Data->Values().first(static_cast<std::size_t>(end)));
+        found = PlacedExtremesOf(Values().first(static_cast<std::size_t>(end)));
     MinIndex = found.MinIndex;
     MaxIndex = found.MaxIndex;
     FKnown = count;
@@ -38,7 +38,7 @@ bool TKxSeriesDirection::HasValues(int count) const
 {
     if (!Data)
         return false;
-    const auto values = Data->Values().first(static_cast<std::size_t>(std::clamp(count, 0, Count())));
+    const auto values = Values().first(static_cast<std::size_t>(std::clamp(count, 0, Count())));
     return std::any_of(values.begin(), values.end(), [](double value) { return std::isfinite(value); });
 }
 
@@ -46,7 +46,7 @@ bool TKxSeriesDirection::RenewExtreme(int index, int count)
 {
     if (!FFollowed || FKnown != count || index < 0 || index >= std::min(count, Count()))
         return false;
-    const double value = Data->GetValue(index);
+    const double value = Value(index);
     const double start = index == MinIndex ? value : Range.GetStart();
     const double stop = index == MaxIndex ? value : Range.GetStop();
     if (!std::isfinite(value) || start > Range.GetStart() || stop < Range.GetStop() || start > stop)
@@ -55,15 +55,12 @@ bool TKxSeriesDirection::RenewExtreme(int index, int count)
     return true;
 }
 
-bool TKxSeriesDirection::Widen(int index)
+bool TKxSeriesDirection::WidenBy(int index, double value)
 {
-    if (index < 0 || index >= Count())
-        return false;
     if (index == FKnown)
         ++FKnown;
     else if (index > FKnown)
         Forget();
-    const double value = Data->GetValue(index);
     if (!std::isfinite(value))
         return false;
     // A scan would take the first of two equal extremes.
@@ -90,7 +87,7 @@ bool TKxSeriesDirection::WidenAll(int first, int end)
         return holds;
     }
     FKnown = first <= FKnown ? end : -1;
-    const auto values = Data->Values().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first));
+    const auto values = Values().subspan(static_cast<std::size_t>(first), static_cast<std::size_t>(end - first));
     const TKxPlacedExtremes found = PlacedExtremesOf(values);
     // A scan would take the first of two equal extremes.
     if ((found.Min == start && first < MinIndex) || (found.Max == stop && first < MaxIndex))
@@ -103,6 +100,15 @@ bool TKxSeriesDirection::WidenAll(int first, int end)
     if (hasMoved)
         Range.SetStartStop(std::min(start, found.Min), std::max(stop, found.Max));
     return hasMoved;
+}
+
+bool TKxSeriesDirection::Drop(int count)
+{
+    FKnown = FKnown < 0 ? -1 : std::max(FKnown - count, 0);
+    const bool isKept = MinIndex >= count && MaxIndex >= count;
+    MinIndex = std::max(MinIndex - count, -1);
+    MaxIndex = std::max(MaxIndex - count, -1);
+    return isKept;
 }
 
 bool TKxSeriesDirection::HasMoved() const

@@ -2,6 +2,7 @@
 // them.
 #pragma once
 
+#include <algorithm>
 #include <optional>
 #include <span>
 
@@ -24,7 +25,20 @@ struct TKxSeriesDirection
     std::optional<TKxAxisMapping> Mapping;  ///< what the points were made with
     mutable TKxKnownValues Known;           ///< of the vector
 
-    int Count() const { return Data ? Data->GetCount() : 0; }
+    int Skip = 0;  ///< so many of the oldest values have no partner and are passed over
+
+    int Count() const { return Data ? std::max(Data->GetCount() - Skip, 0) : 0; }
+    std::span<const double> Values() const
+    {
+        return Data ? Data->Values().last(static_cast<std::size_t>(Count())) : std::span<const double>();
+    }
+    double Value(int i) const { return Data->GetValue(i + Skip); }
+    bool Ascend(int count) const { return Known.Ascend(*Data, Skip, count); }
+    const TKxPyramid& Pyramid(int count) const { return Known.Pyramid(*Data, Skip, count); }
+    /// Index `i` of the vector has changed.
+    void Note(int i, bool wasDeleted) const { Known.ValueChanged(*Data, Skip, i, wasDeleted); }
+    /// The first `count` values went. False when one that holds an extreme was among them.
+    bool Drop(int count);
     /// What points are made with.
     TKxAxisMapping PointMapping() const;
     bool IsEmptyRange() const { return Range.GetStart() > Range.GetStop(); }
@@ -42,7 +56,17 @@ struct TKxSeriesDirection
     /// looking at the others, because no extreme moved inward. It is then set, and the listener told, as `Scan` would.
     bool RenewExtreme(int index, int count);
     /// Widens the range to include value `index`; true when an end moved.
-    bool Widen(int index);
+    bool Widen(int index)
+    {
+        if (index < 0 || index >= Count())
+            return false;
+        const double value = Data->Values().data()[index + Skip];
+        if (index == FKnown && value < Range.GetStop() && value > Range.GetStart()) {
+            ++FKnown;
+            return false;
+        }
+        return WidenBy(index, value);
+    }
     /// The same for values [first, end) at once; the listener is told once. Of values that are known already, ends that
     /// stand there count as moved.
     bool WidenAll(int first, int end);
@@ -59,6 +83,8 @@ private:
     {
         return (MinIndex >= first && MinIndex < end) || (MaxIndex >= first && MaxIndex < end);
     }
+
+    bool WidenBy(int index, double value);
 
     bool FFollowed = false;  ///< the vector tells of its changes
     int FKnown = 0;          ///< range and indexes are those of a scan over so many values; -1: not known

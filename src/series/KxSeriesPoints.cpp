@@ -72,8 +72,8 @@ void TKxSeries::MapPoints(int first, int end) const
         return;
     const auto from = static_cast<std::size_t>(first);
     const auto count = static_cast<std::size_t>(end - first);
-    const auto xs = FX.Data->Values().subspan(from, count);
-    const auto ys = FY.Data->Values().subspan(from, count);
+    const auto xs = FX.Values().subspan(from, count);
+    const auto ys = FY.Values().subspan(from, count);
     const auto points = FPoints.Write().subspan(from, count);
     FX.PointMapping().RealToIntX(xs, points);
     FY.PointMapping().RealToIntY(ys, points);
@@ -114,7 +114,7 @@ bool TKxSeries::RenewRanges()
     if (!hopeless) {
         GetNewXStartStop();
         GetNewYStartStop();
-        FRangesNeedRecalc = false;
+        FRangesNeedRecalc = FRangesWait = false;
         FChildsNeedRecalc = true;
         if (!FX.IsEmptyRange() && !FY.IsEmptyRange()) {
             Modified();
@@ -136,6 +136,7 @@ void TKxSeries::CalculatePoints()
         FPoints.SetCount(0);
         return;
     }
+    FollowPairs();
     SetPointsCount();
     if (!RenewRanges()) {
         FAwaitsAxes = true;
@@ -190,30 +191,65 @@ void TKxSeries::FollowNewValues(bool isX, int first, int end)
         Modified();
 }
 
+/// What the oldest pairs leave behind when they go.
+void TKxSeries::FollowPairs()
+{
+    const int gone = FPairing.Follow(FX.Data, FY.Data);
+    FX.Skip = FPairing.XSkip();
+    FY.Skip = FPairing.YSkip();
+    if (gone == 0)
+        return;
+    FPointsNeedRecalc = FChildsNeedRecalc = true;
+    FDrawnLine.Forget();
+    FPoints.Clear();
+    FPointsCount = std::max(FPointsCount - gone, 0);
+    const bool xIsKept = FX.Drop(gone), yIsKept = FY.Drop(gone);
+    if (!xIsKept || !yIsKept || HasOwnPointRule())
+        FRangesNeedRecalc = FRangesWait = true;
+}
+
+/// `CalcXValue` and `CalcYValue` of a class that has no rule of its own.
+void TKxSeries::FollowRange(bool isX, int index)
+{
+    TKxSeriesDirection& direction = isX ? FX : FY;
+    if (index != direction.MinIndex && index != direction.MaxIndex) {
+        if (direction.Widen(index))
+            Modified();
+    } else if (direction.RenewExtreme(index, std::min(direction.Count(), FPointsCount)))
+        Modified();
+    else
+        isX ? GetNewXStartStop() : GetNewYStartStop();
+}
+
+/// Live data come one by one: a value that is one ahead of the points, or that completes the next one. False for all
+/// other changes.
+bool TKxSeries::FollowNewest(bool isX, int index)
+{
+    const int own = (isX ? FX : FY).Count(), other = (isX ? FY : FX).Count();
+    if (!FIsPlain || index != FPointsCount || own != index + 1 || other < index || other > own)
+        return false;
+    FPointsCount = other;
+    if (other == own)
+        FollowRange(!isX, index);
+    FollowRange(isX, index);
+    if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
+        FPointsNeedRecalc = true;  // the others were made with another mapping
+    return true;
+}
+
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
     FChildsNeedRecalc = true;
+    FHasTold = false;
+    FollowPairs();
+    if (const TKxSeriesDirection& changed = isX ? FX : FY; changed.Data)
+        changed.Note(index, wasDeleted);
+    index -= index < 0 ? 0 : (isX ? FX : FY).Skip;
     FDrawnLine.ValueChanged(index, wasDeleted);
     const bool isCurrent = FDrawnLine.IsCurrent;
-    FHasTold = false;
-    if (const TKxSeriesDirection& changed = isX ? FX : FY; changed.Data)
-        changed.Known.ValueChanged(*changed.Data, index, wasDeleted);
-    const int before = FPointsCount;
-    SetPointsCount();
-    if (!wasDeleted)
-        AddNewPoints(isX, before);
-    if (index > FPointsCount)
+    const bool isNewest = !wasDeleted && !FRangesWait && FollowNewest(isX, index);
+    if (!isNewest && !FollowAny(isX, index, wasDeleted))
         return;
-    if (wasDeleted)
-        return RangesModified();
-    if (isX)
-        CalcXValue(index);
-    else
-        CalcYValue(index);
-    if (index < FPoints.GetCount() || HasOwnPointRule())
-        CalculatePoint(index);
-    if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
-        FPointsNeedRecalc = true;      // the others were made with another mapping
     FDrawnLine.IsCurrent = isCurrent;  // a range that widens makes no point another
     if (World() && !FHasTold)
         World()->Invalidate();
@@ -227,6 +263,34 @@ void TKxSeries::FOnXIChanged(int index, bool wasDeleted)
 void TKxSeries::FOnYIChanged(int index, bool wasDeleted)
 {
     ValueChanged(false, index, wasDeleted);
+}
+
+/// False when no point was concerned, or all were.
+bool TKxSeries::FollowAny(bool isX, int index, bool wasDeleted)
+{
+    const int before = FPointsCount;
+    SetPointsCount();
+    if (FRangesWait && !wasDeleted) {
+        FPointsNeedRecalc = true;
+        return true;
+    }
+    if (!wasDeleted)
+        AddNewPoints(isX, before);
+    if (index > FPointsCount || (index < 0 && !wasDeleted))
+        return false;
+    if (wasDeleted) {
+        RangesModified();
+        return false;
+    }
+    if (isX)
+        CalcXValue(index);
+    else
+        CalcYValue(index);
+    if (index < FPoints.GetCount() || HasOwnPointRule())
+        CalculatePoint(index);
+    if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
+        FPointsNeedRecalc = true;  // the others were made with another mapping
+    return true;
 }
 
 int TKxSeries::RealToIntX(double value) const
@@ -254,11 +318,11 @@ std::optional<TKxLineReduction> TKxSeries::LongLine() const
     const int count = std::min({FPointsCount, FX.Count(), FY.Count()});
     if (count <= TKxKnownValues::Few || HasOwnPointRule() || !FX.Mapping || !FY.Mapping)
         return std::nullopt;
-    const auto xs = FX.Data->Values().first(static_cast<std::size_t>(count));
+    const auto xs = FX.Values().first(static_cast<std::size_t>(count));
     // What is not positive has no order on a logarithmic axis.
-    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Known.Ascend(*FX.Data, count))
+    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Ascend(count))
         return std::nullopt;
-    return TKxLineReduction(xs, FY.Data->Values(), FY.Known.Pyramid(*FY.Data, count), *FX.Mapping, *FY.Mapping);
+    return TKxLineReduction(xs, FY.Values(), FY.Pyramid(count), *FX.Mapping, *FY.Mapping);
 }
 
 int TKxSeries::FindPoint(int x, int y, int tolerance) const

@@ -43,7 +43,8 @@ std::optional<TKxReading> TKxSeriesReader::Read(int i, int index)
     if (i < 0 || i >= Count() || !Points(i).HasPlace(index))
         return std::nullopt;
     TKxSeries& series = *Points(i).Series();
-    const double x = series.GetXData()->GetValue(index), y = series.GetYData()->GetValue(index);
+    const double x = series.XValues()[static_cast<std::size_t>(index)];
+    const double y = series.YValues()[static_cast<std::size_t>(index)];
     return TKxReading{&series, index, x, y, {series.RealToIntX(x), series.RealToIntY(y)}};
 }
 
