@@ -9,6 +9,7 @@ namespace {
 
 constexpr std::array CaptionRows{
     Property<&TKxCaptionEdit::GetCaption, &TKxCaptionEdit::SetText>("Caption"),
+    ReadOnly<&TKxCaptionEdit::GetText>("Text"),
     Event<TKxCaptionEdit, &TKxCaptionEdit::OnCaretChanged>("OnCaretChanged"),
 };
 
@@ -81,8 +82,10 @@ void TKxCaptionEdit::CMTextChanged()
 void TKxCaptionEdit::RebuildText()
 {
     FPendingPosition = -1;
-    if (FModel.Markup() != FCaption)
-        StoreMarkers();
+    if (FModel.Markup() == FCaption)
+        return;
+    StoreMarkers();
+    DoCaret();
 }
 
 std::string TKxCaptionEdit::Content() const

@@ -99,6 +99,7 @@ TKxCaptionText::TKxCaptionText(std::string_view caption)
         attributes ^= attribute;
         at += at + 1 < caption.size() && caption[at + 1] == ' ' ? 2 : 1;
     }
+    FEnd = attributes;
 }
 
 TKxCaptionText::TKxCaptionText(std::string_view text, TKxCaptionAttributes attributes)
@@ -116,11 +117,14 @@ void TKxCaptionText::Add(std::string_view character, TKxCaptionAttributes attrib
     FStarts.push_back(static_cast<std::int32_t>(FText.size()));
     FSources.push_back(static_cast<std::int32_t>(source) + 1);
     FAttributes.push_back(attributes);
+    FEnd = attributes;
 }
 
 TKxCaptionAttributes TKxCaptionText::Attributes(int index) const
 {
-    return index < 0 || Count() == 0 ? 0 : FAttributes[static_cast<std::size_t>(std::min(index, Count() - 1))];
+    if (index < 0)
+        return 0;
+    return index < Count() ? FAttributes[static_cast<std::size_t>(index)] : FEnd;
 }
 
 void TKxCaptionText::Append(const TKxCaptionText& other, int from, int to)

@@ -50,7 +50,7 @@ public:
     /// Byte of `Text` where a character starts, of `Count` the length; and its 1-based byte in the caption.
     int Start(int index) const { return FStarts[static_cast<std::size_t>(index)]; }
     int Source(int index) const { return FSources[static_cast<std::size_t>(index)]; }
-    /// In force at a character; none at -1, where the text begins.
+    /// In force at a character; none at -1, where the text begins; behind the last what the caption ends with.
     TKxCaptionAttributes Attributes(int index) const;
     void SetAttributes(int index, TKxCaptionAttributes attributes)
     {
@@ -73,6 +73,7 @@ private:
     std::vector<std::int32_t> FStarts{0};
     std::vector<std::int32_t> FSources;
     std::vector<TKxCaptionAttributes> FAttributes;
+    TKxCaptionAttributes FEnd = 0;
 };
 
 }  // namespace plotkit

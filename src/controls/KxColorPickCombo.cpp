@@ -4,20 +4,16 @@ namespace plotkit {
 
 namespace {
 
-constexpr std::array ComboRows{
-    Property<&TKxColorPickCombo::GetSelected, &TKxColorPickCombo::SetSelected>("Selected"),
-    Reference<&TKxColorPickCombo::GetRecent, &TKxColorPickCombo::SetRecent>("Recent"),
-};
-
 constexpr int Height = 20, SwatchWidth = 28, Gap = 3, ShownRows = 26;
 constexpr std::string_view OtherText = "Other\u2026";
 
 }  // namespace
 
-constinit const TClassInfo TKxColorPickCombo::Class{"TKxColorPickCombo", &TCustomComboBox::Class, ComboRows,
+constinit const TClassInfo TKxColorPickCombo::Class{"TKxColorPickCombo", &TCustomComboBox::Class,
+                                                    ColorPickerRows<TKxColorPickCombo>,
                                                     &CreateComponent<TKxColorPickCombo>};
 
-TKxColorPickCombo::TKxColorPickCombo(TComponent* owner) : TCustomComboBox(owner)
+TKxColorPickCombo::TKxColorPickCombo(TComponent* owner) : TKxColorPicker(owner)
 {
     SetItemHeight(Height);
     SetBounds(0, 0, 160, Height + 6);
@@ -41,13 +37,14 @@ void TKxColorPickCombo::FillItems()
     FColors.clear();
     Offer(DistinctColors());
     Offer(PlainColors());
-    std::vector<TColor> recent = FRecent ? FRecent->Colors() : std::vector<TColor>();
-    const auto isSelected = [this](const auto& named) { return named.Color == FSelected; };
+    const TColor selected = GetSelected();
+    std::vector<TColor> recent = GetRecent() ? GetRecent()->Colors() : std::vector<TColor>();
+    const auto isSelected = [selected](const auto& named) { return named.Color == selected; };
     const std::span<const TKxNamedColor> desktop = DesktopColors();
     const bool isOffered = std::any_of(FColors.begin(), FColors.end(), isSelected) ||
                            std::any_of(desktop.begin(), desktop.end(), isSelected);
-    if (!isOffered && std::find(recent.begin(), recent.end(), FSelected) == recent.end())
-        recent.insert(recent.begin(), FSelected);
+    if (!isOffered && std::find(recent.begin(), recent.end(), selected) == recent.end())
+        recent.insert(recent.begin(), selected);
     for (const TColor& color : recent)
         FColors.push_back({color, &color == recent.data()});
     Offer(desktop);
@@ -57,44 +54,6 @@ void TKxColorPickCombo::FillItems()
     items.Add(std::string(OtherText));
     SetItems(items);
     SetItemIndex(static_cast<int>(std::find_if(FColors.begin(), FColors.end(), isSelected) - FColors.begin()));
-}
-
-void TKxColorPickCombo::SetSelected(TColor color)
-{
-    if (FSelected == color)
-        return;
-    FSelected = color;
-    FillItems();
-}
-
-void TKxColorPickCombo::SetRecent(TKxRecentColors* recent)
-{
-    if (FRecent == recent)
-        return;
-    if (FRecent)
-        StopWatching(FRecent);
-    FRecent = recent;
-    WatchFor(recent);
-    if (FForm)
-        FForm->SetRecent(recent);
-    FillItems();
-}
-
-void TKxColorPickCombo::Notification(TComponent* component, TOperation operation)
-{
-    TCustomComboBox::Notification(component, operation);
-    if (operation == opRemove && component == FRecent)
-        FRecent = nullptr;
-}
-
-TKxColorPickerForm& TKxColorPickCombo::PickerForm()
-{
-    if (!FForm) {
-        FForm = std::make_unique<TKxColorPickerForm>(nullptr);
-        FForm->SetRecent(FRecent);
-        FForm->OnAccept = TEvent<>::Bind<&TKxColorPickCombo::TakeAccepted>(this);
-    }
-    return *FForm;
 }
 
 void TKxColorPickCombo::DropDown()
@@ -110,23 +69,13 @@ void TKxColorPickCombo::ItemTaken(int index, bool fromList)
     if (IsOther(index)) {
         // Keys that move through the closed box end before it.
         if (fromList)
-            PickerForm().Open(FSelected);
+            PickerForm().Open(GetSelected());
         return;
     }
     if (index < 0 || index == GetItemIndex())
         return;
-    FSelected = FColors[static_cast<std::size_t>(index)].Color;
     SetItemIndex(index);
-    OnChange();
-}
-
-void TKxColorPickCombo::TakeAccepted()
-{
-    const bool isOther = FForm->GetSelected() != FSelected;
-    FSelected = FForm->GetSelected();
-    FillItems();
-    if (isOther)
-        OnChange();
+    Choose(FColors[static_cast<std::size_t>(index)].Color);
 }
 
 void TKxColorPickCombo::DrawItem(TCanvas& canvas, int index, const TRect& box)

@@ -1,20 +1,19 @@
 #include "controls/KxFloatEdit.h"
 
 #include <cmath>
-#include <limits>
 
 #include "foundation/KxStrings.h"
 #include "host/NumberFormat.h"
-#include "host/Restore.h"
 
 namespace plotkit {
 
 namespace {
 
 constexpr std::array FloatRows{
+    // It sets the value again, which the bounds are not to clamp while a text is read.
+    Property<&TKxFloatEdit::GetDigits, &TKxFloatEdit::SetDigits>("Digits"),
     Property<&TKxFloatEdit::GetMinValue, &TKxFloatEdit::SetMinValue>("MinValue"),
     Property<&TKxFloatEdit::GetMaxValue, &TKxFloatEdit::SetMaxValue>("MaxValue"),
-    Property<&TKxFloatEdit::GetDigits, &TKxFloatEdit::SetDigits>("Digits"),
     Property<&TKxFloatEdit::GetValue, &TKxFloatEdit::SetValue>("Value"),
 };
 
@@ -28,14 +27,18 @@ std::string_view WithoutSign(std::string_view text)
     return text.substr(!text.empty() && (text.front() == '-' || text.front() == '+'));
 }
 
-/// Nothing of the number itself has been typed yet.
-bool IsBegun(std::string_view text)
+}  // namespace
+
+constinit const TClassInfo TKxFloatEdit::Class{"TKxFloatEdit", &TCustomEdit::Class, FloatRows,
+                                               &CreateComponent<TKxFloatEdit>};
+
+bool TKxFloatEdit::IsBegun(std::string_view text) const
 {
     text = WithoutSign(text);
     return text.empty() || (text.size() == 1 && (text.front() == '.' || text.front() == Separator()));
 }
 
-std::optional<double> RealOf(std::string_view text)
+std::optional<double> TKxFloatEdit::NumberOf(std::string_view text) const
 {
     auto number = ParseReal(text, Separator());
     if (!number) {
@@ -47,109 +50,20 @@ std::optional<double> RealOf(std::string_view text)
     return number && std::isfinite(*number) ? number : std::nullopt;
 }
 
-}  // namespace
-
-constinit const TClassInfo TKxFloatEdit::Class{"TKxFloatEdit", &TCustomEdit::Class, FloatRows,
-                                               &CreateComponent<TKxFloatEdit>};
-
-void TKxFloatEdit::SetMinValue(double value)
+std::string TKxFloatEdit::NumberText(double value) const
 {
-    if (!std::isfinite(value))
-        return;
-    FMinValue = value;
-    FindBoundLength();
+    return RealToStrDigits(value, FDigits);
 }
 
-void TKxFloatEdit::SetMaxValue(double value)
+std::string TKxFloatEdit::BoundText(double bound) const
 {
-    if (!std::isfinite(value))
-        return;
-    FMaxValue = value;
-    FindBoundLength();
-}
-
-void TKxFloatEdit::Loaded()
-{
-    TCustomEdit::Loaded();
-    FindBoundLength();
-}
-
-void TKxFloatEdit::FindBoundLength()
-{
-    FBoundLength =
-        static_cast<int>(std::max(RealToStrDigits(FMaxValue, 0).size(), RealToStrDigits(FMinValue, 0).size()));
-}
-
-std::string TKxFloatEdit::ValueText() const
-{
-    return RealToStrDigits(FValue, FDigits);
-}
-
-double TKxFloatEdit::CheckValue(double value)
-{
-    if (FMinValue == FMaxValue)
-        return value;
-    const double inside = value < FMinValue ? FMinValue : std::min(value, FMaxValue);
-    if (inside != value && CharCount() >= FBoundLength) {
-        Host().Beep();
-        SetText(ValueText());
-    }
-    return inside;
-}
-
-void TKxFloatEdit::TakeText()
-{
-    const std::string text = GetText();
-    if (IsBegun(text))
-        return;
-    const TRestore changing(FChanging, true);
-    if (const auto number = RealOf(text)) {
-        FValue = CheckValue(*number);
-        FLastValid = GetText();
-    } else {
-        Host().Beep();
-        SetText(FLastValid);
-    }
-}
-
-void TKxFloatEdit::Change()
-{
-    if (FChanging)
-        return;
-    TakeText();
-    TCustomEdit::Change();
-}
-
-void TKxFloatEdit::SetValue(double value)
-{
-    if (std::isnan(value))
-        return;
-    const std::string before = GetText();
-    {
-        const TRestore changing(FChanging, true);
-        constexpr double largest = std::numeric_limits<double>::max();
-        FValue = std::clamp(value, -largest, largest);
-        FValue = CheckValue(FValue);
-        SetText(ValueText());
-        FLastValid = GetText();
-    }
-    if (GetText() != before && !FChanging)
-        TCustomEdit::Change();
+    return RealToStrDigits(bound, 0);
 }
 
 void TKxFloatEdit::SetDigits(int digits)
 {
     FDigits = std::clamp(digits, 0, 18);
-    SetValue(FValue);
-}
-
-void TKxFloatEdit::CMExit()
-{
-    // Digits that are not shown are no difference.
-    if (RealOf(GetText()) != FValue && GetText() != ValueText())
-        Host().Beep();
-    SetValue(FValue);
-    TCustomEdit::CMExit();
+    SetValue(GetValue());
 }
 
 }  // namespace plotkit

@@ -1,9 +1,9 @@
 #include "controls/KxIntegerEdit.h"
 
+#include <cstdlib>
 #include <limits>
 
 #include "host/NumberFormat.h"
-#include "host/Restore.h"
 
 namespace plotkit {
 
@@ -19,14 +19,6 @@ constexpr std::array SpinRows{
     Property<&TKxSpinIntegerEdit::GetBtnWidth, &TKxSpinIntegerEdit::SetBtnWidth>("BtnWidth"),
 };
 
-std::optional<int> IntegerOf(std::string_view text)
-{
-    const auto number = ParseInteger(text);
-    if (!number || !std::in_range<int>(*number))
-        return std::nullopt;
-    return static_cast<int>(*number);
-}
-
 int Saturated(std::int64_t value)
 {
     return static_cast<int>(
@@ -40,85 +32,12 @@ constinit const TClassInfo TKxIntegerEdit::Class{"TKxIntegerEdit", &TCustomEdit:
 constinit const TClassInfo TKxSpinIntegerEdit::Class{"TKxSpinIntegerEdit", &TKxIntegerEdit::Class, SpinRows,
                                                      &CreateComponent<TKxSpinIntegerEdit>};
 
-void TKxIntegerEdit::SetMinValue(int value)
+std::optional<int> TKxIntegerEdit::NumberOf(std::string_view text) const
 {
-    FMinValue = value;
-    FindBoundLength();
-}
-
-void TKxIntegerEdit::SetMaxValue(int value)
-{
-    FMaxValue = value;
-    FindBoundLength();
-}
-
-void TKxIntegerEdit::Loaded()
-{
-    TCustomEdit::Loaded();
-    FindBoundLength();
-}
-
-void TKxIntegerEdit::FindBoundLength()
-{
-    FBoundLength = static_cast<int>(std::max(std::to_string(FMaxValue).size(), std::to_string(FMinValue).size()));
-}
-
-int TKxIntegerEdit::CheckValue(int value)
-{
-    if (FMinValue == FMaxValue)
-        return value;
-    const int inside = value < FMinValue ? FMinValue : std::min(value, FMaxValue);
-    if (inside != value && CharCount() >= FBoundLength) {
-        Host().Beep();
-        SetText(std::to_string(FValue));
-    }
-    return inside;
-}
-
-void TKxIntegerEdit::TakeText()
-{
-    const std::string text = GetText();
-    if (text.empty() || text == "-" || text == "+")
-        return;
-    const TRestore changing(FChanging, true);
-    if (const auto number = IntegerOf(text)) {
-        FValue = CheckValue(*number);
-        FLastValid = GetText();
-    } else {
-        Host().Beep();
-        SetText(FLastValid);
-    }
-}
-
-void TKxIntegerEdit::Change()
-{
-    if (FChanging)
-        return;
-    TakeText();
-    TCustomEdit::Change();
-}
-
-void TKxIntegerEdit::SetValue(int value)
-{
-    const std::string before = GetText();
-    {
-        const TRestore changing(FChanging, true);
-        FValue = value;
-        FValue = CheckValue(value);
-        SetText(std::to_string(FValue));
-        FLastValid = GetText();
-    }
-    if (GetText() != before && !FChanging)
-        TCustomEdit::Change();
-}
-
-void TKxIntegerEdit::CMExit()
-{
-    if (IntegerOf(GetText()) != FValue) {
-        Host().Beep();
-        SetValue(FValue);
-    }
-    TCustomEdit::CMExit();
+    const auto number = ParseInteger(text);
+    if (!number || !std::in_range<int>(*number))
+        return std::nullopt;
+    return static_cast<int>(*number);
 }
 
 TKxSpinIntegerEdit::TKxSpinIntegerEdit(TComponent* owner) : TKxIntegerEdit(owner)
@@ -170,11 +89,9 @@ void TKxSpinIntegerEdit::CMScaleChanged()
 
 void TKxSpinIntegerEdit::Step(TUpDownButton button)
 {
-    if (GetReadOnly())
-        return Host().Beep();
     const std::int64_t by = button == udUp ? FIncrement : -std::int64_t{FIncrement};
-    SetValue(Saturated(GetValue() + by));
-    SelectAll();
+    if (Edit(0, ekOther, true, [&] { SetValue(Saturated(GetValue() + by)); }))
+        SelectAll();
 }
 
 bool TKxSpinIntegerEdit::WantsKey(int key, TShiftState shift) const
@@ -193,7 +110,9 @@ void TKxSpinIntegerEdit::MouseWheel(TShiftState shift, int delta, int x, int y)
 {
     if (!HasFocus() || delta == 0)
         return TKxIntegerEdit::MouseWheel(shift, delta, x, y);
-    Step(delta > 0 ? udUp : udDown);
+    const int notches = FWheel.Take(delta);
+    for (int i = std::abs(notches); i > 0; --i)
+        Step(notches > 0 ? udUp : udDown);
 }
 
 }  // namespace plotkit

@@ -1,46 +1,23 @@
 // The job of KxIntegerEdit is edits for whole numbers that stay between bounds, one of them with buttons to step.
 #pragma once
 
-#include "host/CustomEdit.h"
+#include "controls/KxNumberEdit.h"
 #include "host/UpDown.h"
+#include "host/WheelNotches.h"
 
 namespace plotkit {
 
-/// While the user types, `Value` follows the text, kept between the bounds (none while they are equal). A text beyond
-/// them is left alone until it is as long as the longer one of the bounds; invalid text is answered by a beep and the
-/// last valid one. Nothing is raised. `OnChange` tells of each change of the text, once.
-class TKxIntegerEdit : public TCustomEdit
+class TKxIntegerEdit : public TKxNumberEdit<int>
 {
 public:
-    using TCustomEdit::TCustomEdit;
+    explicit TKxIntegerEdit(TComponent* owner) : TKxNumberEdit(owner, -2147483647, 2147483647) {}
 
     static const TClassInfo Class;
     const TClassInfo& ClassInfo() const override { return Class; }
 
-    int GetMinValue() const { return FMinValue; }
-    void SetMinValue(int value);
-    int GetMaxValue() const { return FMaxValue; }
-    void SetMaxValue(int value);
-    int GetValue() const { return FValue; }
-    /// Shows the value, kept between the bounds.
-    void SetValue(int value);
-    void Loaded() override;
-
 protected:
-    void Change() override;
-    void CMExit() override;
-
-private:
-    int CheckValue(int value);
-    void TakeText();
-    void FindBoundLength();
-
-    std::string FLastValid = "0";
-    int FMinValue = -2147483647;
-    int FMaxValue = 2147483647;
-    int FValue = 0;
-    int FBoundLength = 11;  ///< of the longer text of the two bounds
-    bool FChanging = false;
+    std::optional<int> NumberOf(std::string_view text) const override;
+    std::string NumberText(int value) const override { return std::to_string(value); }
 };
 
 /// The up button and the Up key add `Increment` to the value, the down button and the Down key take it away; so does
@@ -75,6 +52,7 @@ private:
     void PlaceButtons();
 
     TUpDown FButtons{nullptr};
+    TWheelNotches FWheel;
     int FIncrement = 1;
     int FBtnWidth = 15;
 };

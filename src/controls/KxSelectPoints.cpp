@@ -8,6 +8,7 @@ template <class TPicker>
 constexpr std::array PointRows{
     Property<&TPicker::GetPointSymbol, &TPicker::SetPointSymbol>("PointSymbol"),
     Property<&TPicker::GetLineColor, &TPicker::SetLineColor>("LineColor"),
+    ReadOnly<&TPicker::GetLineWidth>("LineWidth"),
 };
 
 }  // namespace
@@ -32,8 +33,8 @@ void TKxPointSymbolsPicker<TBase>::DrawItem(TCanvas& canvas, int index, const TR
     canvas.Pen = TPen{FLineColor, psSolid, GetLineWidth(), dmCopy};
     // Within the frame of the selected item.
     const int height = this->ItemPixels(), size = height / 3;
-    DrawPointSymbol(box.Left + box.Width() / 2 - 1, box.Top + height / 2, size, static_cast<TKxPointSymbol>(index),
-                    canvas);
+    DrawPointSymbol(box.Left + box.Width() / 2 - this->Px(1), box.Top + height / 2, size,
+                    static_cast<TKxPointSymbol>(index), canvas);
 }
 
 template class TKxPointSymbolsPicker<TCustomListBox>;

@@ -166,7 +166,8 @@ void TCustomComboBox::MouseWheel(TShiftState shift, int delta, int x, int y)
     // A wheel that only passes by on its way through a dialog changes nothing.
     if (!HasFocus() || FDroppedDown || delta == 0)
         return TWindowControl::MouseWheel(shift, delta, x, y);
-    ItemTaken(std::clamp(FItemIndex + (delta < 0 ? 1 : -1), 0, std::max(ItemCount() - 1, 0)), false);
+    if (const int notches = FWheel.Take(delta))
+        ItemTaken(std::clamp(FItemIndex - notches, 0, std::max(ItemCount() - 1, 0)), false);
 }
 
 bool TCustomComboBox::WantsKey(int key, TShiftState shift) const

@@ -68,6 +68,7 @@ private:
 
     TStringList FItems;
     std::unique_ptr<TDropList> FList;
+    TWheelNotches FWheel;
     int FItemIndex = -1;
     int FItemHeight = 16;
     int FColumns = 1;

@@ -168,10 +168,10 @@ TRect TCustomEdit::CaretRect() const
         return {x - Px(1), top, x - Px(1) + Px(CaretWidth), top + height};
     int width = Px(CaretWidth);
     if (at < count)
-        width = Offset(at + 1) - Offset(at);
+        width = std::max(Offset(at + 1) - Offset(at), Px(1));
     else if (count > 0)
         width = Host().TextMeasurer().Width("W", GetFont().State()) / 2;
-    return {x, top, AddPixels(x, width + Px(1)), top + height};
+    return {x, top, AddPixels(x, width), top + height};
 }
 
 void TCustomEdit::ScrollToCaret()

@@ -45,8 +45,7 @@ public:
     int GapX(int index) const;
     /// The gap between characters that is nearest to an own pixel.
     int PointToCaretPos(int x) const;
-    /// Two pixels over a gap, or the character under the caret and a pixel more while typing replaces; whether it has
-    /// the focus or not.
+    /// Two pixels over a gap, or the character under the caret while typing replaces; whether it has the focus or not.
     TRect CaretRect() const;
     /// Whether the caret is painted: blinking, while the edit has the focus.
     bool IsCaretShown() const { return FCaretShown; }
@@ -102,7 +101,7 @@ private:
     std::optional<std::chrono::system_clock::time_point> FLastDouble;
     std::pair<int, int> FDragWord;  ///< the word that a double click began with
     int FScroll = 0;                ///< pixels that are cut off at the left
-    int FDragX = 0;
+    int FDragX = 0, FDoubleX = 0;
     TBevelCut FBevelInner = bvNone, FBevelOuter = bvNone;
     bool FBorder = true;
     bool FCaretShown = false;

@@ -1,5 +1,6 @@
 #include "host/CustomEdit.h"
 
+#include <cstdlib>
 #include <tuple>
 
 namespace plotkit {
@@ -7,6 +8,7 @@ namespace plotkit {
 namespace {
 
 constexpr auto TripleClick = std::chrono::milliseconds(500);
+constexpr int TripleReach = 4;
 constexpr int DragMilliSeconds = 50;
 
 }  // namespace
@@ -76,13 +78,16 @@ void TCustomEdit::MouseDown(TMouseButton button, TShiftState shift, int x, int y
         return;
     const int at = PointToCaretPos(x);
     const auto now = Host().Now();
+    const bool isThird = FLastDouble && now - *FLastDouble < TripleClick && !shift.Shift &&
+                         std::abs(std::int64_t{x} - FDoubleX) <= Px(TripleReach);
+    FLastDouble.reset();
     if (shift.Double) {
         FLastDouble = now;
+        FDoubleX = x;
         // The character under the pointer, not the gap that is nearest to it.
         FDragWord = WordAt(GapX(at) > x ? at - 1 : at);
         Select(FDragWord.first, FDragWord.second);
-    } else if (FLastDouble && now - *FLastDouble < TripleClick) {
-        FLastDouble.reset();
+    } else if (isThird) {
         return SelectAll();
     } else {
         MoveCaret(at, shift.Shift);

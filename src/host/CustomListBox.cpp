@@ -19,7 +19,7 @@ constexpr std::array ListEventRows{
 };
 constexpr std::array ListProperties = JoinRows(ListRows, ControlLookRows, ControlEventRows, ListEventRows);
 
-constexpr int WheelNotch = 120, RowsPerNotch = 3;
+constexpr int RowsPerNotch = 3;
 constexpr int MaxItemHeight = 1000, MaxColumns = 1000;
 
 }  // namespace
@@ -170,10 +170,9 @@ void TCustomListBox::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 
 void TCustomListBox::MouseWheel(TShiftState shift, int delta, int x, int y)
 {
-    const int notches = delta / WheelNotch;
-    const int before = FTopIndex;
-    SetTopIndex(FTopIndex - std::clamp(notches, -100, 100) * (FColumns > 1 ? Rows() : RowsPerNotch));
-    if (FTopIndex == before)
+    const int notches = FWheel.Take(delta), before = FTopIndex;
+    SetTopIndex(FTopIndex - notches * (FColumns > 1 ? Rows() : RowsPerNotch));
+    if (notches != 0 && FTopIndex == before)
         TWindowControl::MouseWheel(shift, delta, x, y);
 }
 

@@ -4,6 +4,7 @@
 #include <optional>
 
 #include "host/StringList.h"
+#include "host/WheelNotches.h"
 #include "host/WindowControl.h"
 
 namespace plotkit {
@@ -69,6 +70,7 @@ private:
     void ScrollTo(int index);
 
     TStringList FItems;
+    TWheelNotches FWheel;
     int FItemIndex = -1;
     int FItemHeight = 16;
     int FColumns = 1;

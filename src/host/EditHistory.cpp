@@ -14,7 +14,7 @@ bool TEditHistory::Record(TEditState before, TEditKind kind, bool startsWord)
 {
     const bool continues = kind != ekOther && kind == FKind && !startsWord && !FUndo.empty();
     FKind = kind;
-    FRedo.clear();
+    FLostRedo = std::exchange(FRedo, {});
     if (!continues)
         Push(FUndo, std::move(before));
     return !continues;
@@ -36,6 +36,7 @@ void TEditHistory::DropLast()
 {
     if (!FUndo.empty())
         FUndo.pop_back();
+    FRedo = std::exchange(FLostRedo, {});
     Break();
 }
 
@@ -54,6 +55,7 @@ void TEditHistory::Clear()
 {
     FUndo.clear();
     FRedo.clear();
+    FLostRedo.clear();
     Break();
 }
 

@@ -28,7 +28,7 @@ class TEditHistory
 public:
     /// A change of `kind` begins at `before`. False when it continues the one before.
     bool Record(TEditState before, TEditKind kind, bool startsWord);
-    /// The change that was recorded last left everything as it was.
+    /// The new change that was recorded last left everything as it was.
     void DropLast();
     /// What comes now continues nothing.
     void Break() { FKind = ekOther; }
@@ -43,7 +43,7 @@ private:
     std::optional<TEditState> Move(std::vector<TEditState>& from, std::vector<TEditState>& to, TEditState now);
     void Push(std::vector<TEditState>& states, TEditState state);
 
-    std::vector<TEditState> FUndo, FRedo;
+    std::vector<TEditState> FUndo, FRedo, FLostRedo;
     TEditKind FKind = ekOther;
 };
 

@@ -3,6 +3,7 @@
 
 #include <array>
 
+#include "host/Errors.h"
 #include "host/PropertyAccess.h"
 
 namespace plotkit {
@@ -28,6 +29,24 @@ constexpr TPropertyRow Property(std::string_view name)
     row.Set = [](TPersistent& object, const TPropertyValue& value) {
         (static_cast<TClass&>(object).*Setter)(detail::FromPropertyValue<T>(value));
     };
+    return row;
+}
+
+/// A value that can be seen, never set to another one and never stored.
+template <auto Getter>
+constexpr TPropertyRow ReadOnly(std::string_view name)
+{
+    using T = detail::TResultOf<Getter>;
+    using TClass = detail::TClassOf<Getter>;
+    TPropertyRow row{name, detail::KindOf<T>()};
+    row.Get = [](const TPersistent& object) {
+        return detail::ToPropertyValue<T>((static_cast<const TClass&>(object).*Getter)());
+    };
+    row.Set = [](TPersistent& object, const TPropertyValue& value) {
+        if (value != detail::ToPropertyValue<T>((static_cast<const TClass&>(object).*Getter)()))
+            throw EConvertError("The property can only be read");
+    };
+    row.StoredWhen = [](const TPersistent&) { return false; };
     return row;
 }
 

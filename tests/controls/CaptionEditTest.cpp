@@ -1,6 +1,8 @@
 #include "controls/KxCaptionEdit.h"
 
 #include "ControlsFixture.h"
+#include "controls/ControlsClasses.h"
+#include "host/Streaming.h"
 #include "support/Commands.h"
 
 namespace plotkit {
@@ -127,6 +129,12 @@ TEST_F(TCaptionEditTest, TogglesWhatIsTypedNext)
     Ctrl('B');
     Press(kyLeft);
     EXPECT_EQ(Edit.GetCaption(), "ab") << "markers of a place that was left";
+    Show("a\\ib\\o", 1, 1);
+    EXPECT_TRUE(Edit.IsStrikeout(2) && !Edit.IsStrikeout(1)) << "codes at the end";
+    Ctrl('U');
+    Edit.RebuildText();
+    EXPECT_EQ(Edit.GetCaption() + State, "a\\ib");
+    Edit.SetText("ab");
     Edit.GetFont().SetBold(true);
     Press(kyHome);
     EXPECT_EQ(State, "b") << "the font's own";
@@ -135,6 +143,16 @@ TEST_F(TCaptionEditTest, TogglesWhatIsTypedNext)
     EXPECT_EQ(Edit.GetCaption(), "\\bab") << "while typing replaces, the rest follows";
     Type("x");
     EXPECT_EQ(Edit.GetCaption(), "\\bxb");
+}
+
+TEST_F(TCaptionEditTest, TextIsPublishedToBeRead)
+{
+    const TReadResult read = ReadComponentTree(
+        "object TKxCaptionEdit\n  Caption = \"a\\\\+1\"\n  Text = \"a1\"\n  Text = \"b\"\nend\n", ControlsClasses());
+    const std::unique_ptr<TComponent> root(read.Root);
+    ASSERT_EQ(read.Problems.size(), 1U);
+    EXPECT_EQ(read.Problems[0].Line, 4);
+    EXPECT_EQ(dynamic_cast<TKxCaptionEdit&>(*root).GetCaption(), "a\\+1");
 }
 
 TEST_F(TCaptionEditTest, KeysMoveSelectAndTakeOut)
@@ -234,6 +252,11 @@ TEST_F(TCaptionEditTest, MouseSelectsAndScrolls)
     Down(60, true);
     Up(60);
     EXPECT_EQ(Edit.SelectedText(), "v");
+    Down(20);
+    EXPECT_EQ(Edit.CaretPos(), 3) << "elsewhere it is a first time";
+    Up(20);
+    Down(60, true);
+    Up(60);
     Down(60);  // a third time
     EXPECT_EQ(Edit.SelEnd(), Edit.CharCount());
     Fake.Advance(std::chrono::seconds(1));
@@ -270,7 +293,7 @@ TEST_F(TCaptionEditTest, PaintsSelectionScriptsAndCaret)
     const TRecording dark = Edit.Picture();
     EXPECT_EQ(dark.Commands.size() + 1, picture.Commands.size()) << "the caret blinks";
     Press(kyInsert);
-    EXPECT_EQ(Edit.CaretRect(), (TRect{19, 5, 19 + 4 + 1, 17}));
+    EXPECT_EQ(Edit.CaretRect(), (TRect{19, 5, 19 + 4, 17}));
     Form.KillFocus();
     picture = Edit.Picture();
     for (const auto& run : CommandsOf<TTextCommand>(picture))

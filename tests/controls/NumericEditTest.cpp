@@ -2,15 +2,10 @@
 #include "controls/ControlsClasses.h"
 #include "controls/KxFloatEdit.h"
 #include "controls/KxIntegerEdit.h"
-#include "support/PropertyWalk.h"
+#include "host/Streaming.h"
 
 namespace plotkit {
 namespace {
-
-TEST(Controls, PropertiesOfAllClasses)
-{
-    WalkProperties(ControlsClasses());
-}
 
 TEST(IntegerEdit, AnswersWhatIsTyped)
 {
@@ -35,6 +30,7 @@ TEST(IntegerEdit, AnswersWhatIsTyped)
         {0, 100, "4x2", "42", 42, 1, "42"},
         {0, 0, "99999999999", "999999999", 999999999, 2, "999999999"},
         {0, 100, "", "", 0, 0, "0"},
+        {100, 0, "50", "50", 0, 0, "0"},
     };
     for (const TCase& one : cases) {
         SCOPED_TRACE(one.Keys);
@@ -109,6 +105,57 @@ TEST(SpinEdit, StepsByKeysButtonsAndWheel)
     EXPECT_EQ(edit.GetText(), "-2147483648");
 }
 
+TEST(NumericEdits, UndoTakesTextAndValueBack)
+{
+    TOnForm<TKxSpinIntegerEdit> form;
+    TKxSpinIntegerEdit& edit = *form.Control;
+    const auto state = [&] { return edit.GetText() + "=" + std::to_string(edit.GetValue()); };
+    edit.SetMinValue(0);
+    edit.SetMaxValue(100);
+    edit.SetFocus();
+    form.Type("500");
+    edit.SetIncrement(-7);
+    form.Press(kyUp);
+    form.Down(95);
+    form.Up(95);
+    form.Form.DispatchMouseWheel({}, 60, 20, 30);
+    form.Form.DispatchMouseWheel({}, 60, 20, 30);
+    std::vector<std::string> seen{state()};
+    for (int i = 0; i < 4; ++i) {
+        form.Ctrl('Z');
+        seen.push_back(state());
+    }
+    EXPECT_EQ(seen, (std::vector<std::string>{"79=79", "86=86", "93=93", "50=100", "=0"}));
+    form.Type("x");
+    EXPECT_EQ(state(), "0=0") << "the last valid text";
+    form.Ctrl('Z');
+    form.Ctrl('Y');
+    form.Ctrl('Y');
+    EXPECT_FALSE(edit.CanRedo()) << "another text was typed";
+    edit.SetValue(20);
+    form.Press(kyUp);
+    form.Ctrl('Z');
+    form.Type("x");
+    form.Ctrl('Y');
+    EXPECT_EQ(state(), "13=13") << "what was refused changed nothing";
+    edit.SetReadOnly(true);
+    form.Press(kyUp);
+    EXPECT_EQ(state(), "13=13");
+
+    TOnForm<TKxFloatEdit> other;
+    other.Control->SetDigits(4);
+    other.Control->SetFocus();
+    other.Control->SelectAll();
+    other.Type("3.14159");
+    other.Form.KillFocus();
+    EXPECT_EQ(other.Control->GetText(), "3.14");
+    other.Control->SetFocus();
+    other.Ctrl('Z');
+    EXPECT_EQ(other.Control->GetText(), "3.14159");
+    other.Ctrl('Z');
+    EXPECT_EQ(other.Control->GetText() + std::to_string(other.Control->GetValue()), "00.000000");
+}
+
 TEST(FloatEdit, AnswersWhatIsTyped)
 {
     struct TCase
@@ -155,6 +202,11 @@ TEST(FloatEdit, AnswersWhatIsTyped)
     EXPECT_EQ(edit.GetDigits(), 18);
     edit.SetDigits(-1);
     EXPECT_EQ(edit.GetDigits(), 0);
+    edit.SetDigits(3);
+    edit.SetMinValue(10);
+    const TReadResult read = ReadComponentTree(WriteComponentTree(edit), ControlsClasses());
+    const std::unique_ptr<TComponent> copy(read.Root);
+    EXPECT_EQ(dynamic_cast<TKxFloatEdit&>(*copy).GetValue(), 0) << "no bound is applied to what it found";
 }
 
 }  // namespace

@@ -3,6 +3,8 @@
 #include <memory>
 
 #include "Require.h"
+#include "controls/KxFloatEdit.h"
+#include "controls/KxIntegerEdit.h"
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
 #include "host/Form.h"
@@ -48,13 +50,25 @@ void DropImpossibleMaster(TKxAxis& axis)
         axis.SetMasterAxis(nullptr);
 }
 
-/// Ends what a text cannot say: links to a component without a name or to a master that would now be refused.
+/// Bounds leave a value that was there before alone; read again, it comes after them.
+void KeepBetweenBounds(TComponent& component)
+{
+    if (auto* edit = dynamic_cast<TKxIntegerEdit*>(&component))
+        edit->SetValue(edit->GetValue());
+    if (auto* edit = dynamic_cast<TKxFloatEdit*>(&component))
+        edit->SetValue(edit->GetValue());
+}
+
+/// Ends what a text cannot say: links to a component without a name or to a master that would now be refused, values
+/// that were there before their bounds.
 void Settle(TComponent& root)
 {
     std::vector<TComponent*> components{&root};
     components.insert(components.end(), root.Components().begin(), root.Components().end());
     for (TComponent* component : components)
         GiveName(root, *component);
+    for (TComponent* component : components)
+        KeepBetweenBounds(*component);
     for (TComponent* component : components)
         if (auto* graph = dynamic_cast<TKx2DGraph*>(component))
             MovePrimaries(*graph);

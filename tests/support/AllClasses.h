@@ -4,6 +4,7 @@
 #include <vector>
 
 #include "calculated/CalculatedClasses.h"
+#include "controls/ControlsClasses.h"
 #include "data/DataClasses.h"
 #include "graph/GraphClasses.h"
 #include "host/Streaming.h"
@@ -14,7 +15,8 @@ namespace plotkit {
 inline std::vector<const TClassInfo*> AllClasses()
 {
     std::vector<const TClassInfo*> classes;
-    for (const auto folder : {HostClasses(), DataClasses(), GraphClasses(), SeriesClasses(), CalculatedClasses()})
+    for (const auto folder :
+         {HostClasses(), DataClasses(), GraphClasses(), ControlsClasses(), SeriesClasses(), CalculatedClasses()})
         classes.insert(classes.end(), folder.begin(), folder.end());
     return classes;
 }
