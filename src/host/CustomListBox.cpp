@@ -170,9 +170,14 @@ void TCustomListBox::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 
 void TCustomListBox::MouseWheel(TShiftState shift, int delta, int x, int y)
 {
-    const int notches = delta / WheelNotch;
+    // Fine wheels and touch pads turn by parts of a notch.
+    const int turned = std::clamp(delta, -100 * WheelNotch, 100 * WheelNotch) + FWheelRest;
+    const int step = FColumns > 1 ? WheelNotch : WheelNotch / RowsPerNotch, steps = turned / step;
+    FWheelRest = turned % step;
+    if (steps == 0)
+        return;
     const int before = FTopIndex;
-    SetTopIndex(FTopIndex - std::clamp(notches, -100, 100) * (FColumns > 1 ? Rows() : RowsPerNotch));
+    SetTopIndex(FTopIndex - steps * (FColumns > 1 ? Rows() : 1));
     if (FTopIndex == before)
         TWindowControl::MouseWheel(shift, delta, x, y);
 }
