@@ -178,16 +178,16 @@ void TKxCaptionEdit::SetInsertMode(bool insert)
 void TKxCaptionEdit::CopyToClipBoard()
 {
     if (HasSelection())
-        Host().SetClipboardMarkup(SelectedText(), FModel.Part(SelStart(), SelEnd()).Markup());
+        Host().SetClipboardMarkup(SelectedText(), SelectedMarkup());
 }
 
-void TKxCaptionEdit::PasteFromClipBoard()
+void TKxCaptionEdit::InsertMarkup(const std::string& text, const std::string& markup)
 {
-    const TKxCaptionText pasted(Host().ClipboardMarkup());
+    const TKxCaptionText pasted(markup);
     const int from = SelStart(), to = SelEnd();
     const int room = GetMaxLength() == 0 ? pasted.Count() : GetMaxLength() - CharCount() + to - from;
     if (pasted.Count() == 0 || room < pasted.Count())
-        return TCustomEdit::PasteFromClipBoard();
+        return Insert(text);
     Edit(CharCount() - to, ekOther, true, [&] { Replace(from, to, pasted); });
 }
 

@@ -62,7 +62,9 @@ public:
     int CharStart(int index) const override { return FModel.Start(index); }
     void SetInsertMode(bool insert) override;
     void CopyToClipBoard() override;
-    void PasteFromClipBoard() override;
+    void PasteFromClipBoard() override { InsertMarkup(Host().ClipboardText(), Host().ClipboardMarkup()); }
+    void InsertMarkup(const std::string& text, const std::string& markup) override;
+    std::string SelectedMarkup() const override { return FModel.Part(SelStart(), SelEnd()).Markup(); }
     void DoCaret() override;
     void KeyDown(int key, TShiftState shift) override;
     bool WantsKey(int key, TShiftState shift) const override;

@@ -22,16 +22,16 @@ public:
     bool GetShowBSClear() const { return FShowBSClear; }
     /// The selected place stays, so that another style may stand there.
     void SetShowBSClear(bool show);
-
-protected:
-    void DrawItem(TCanvas& canvas, int index, const TRect& box) override;
-
-private:
+    /// What an item stands for.
     TBrushStyle StyleOf(int index) const
     {
         return static_cast<TBrushStyle>(index + (index > 0 && !FShowBSClear ? 1 : 0));
     }
 
+protected:
+    void DrawItem(TCanvas& canvas, int index, const TRect& box) override;
+
+private:
     TColor FFillColor = clGray;
     TColor FFrameColor = clWindowText;
     bool FShowBSClear = false;

@@ -39,6 +39,8 @@ public:
     virtual void DropDown();
     void CloseUp(bool accept);
     TCustomListBox& DropList();
+    /// As with a key on the closed box.
+    void SelectByUser(int index) { ItemTaken(index, false); }
 
     /// `OnChange`: the user selected another item.
     TEvent<> OnChange, OnDropDown, OnCloseUp;

@@ -143,15 +143,22 @@ int TCustomEdit::Offset(int index) const
     return index > 0 ? Rights()[static_cast<std::size_t>(index) - 1] : 0;
 }
 
-int TCustomEdit::GapX(int index) const
+int TCustomEdit::PlainX(int index) const
 {
     return SaturatePixel(std::int64_t{EditRect().Left} + Px(1) - FScroll + Offset(index));
+}
+
+int TCustomEdit::GapX(int index) const
+{
+    return index > CaretPos() ? AddPixels(PlainX(index), ComposedWidth()) : PlainX(index);
 }
 
 int TCustomEdit::PointToCaretPos(int x) const
 {
     const std::vector<std::int32_t>& rights = Rights();
-    const std::int64_t offset = std::int64_t{x} - GapX(0);
+    std::int64_t offset = std::int64_t{x} - PlainX(0);
+    if (const std::int64_t caret = Offset(CaretPos()); offset > caret)
+        offset = std::max(offset - ComposedWidth(), caret);
     const auto under = std::upper_bound(rights.begin(), rights.end(), offset);
     const int index = static_cast<int>(under - rights.begin());
     const bool isRightHalf = under != rights.end() && 2 * offset > std::int64_t{Offset(index)} + *under;
@@ -161,10 +168,11 @@ int TCustomEdit::PointToCaretPos(int x) const
 TRect TCustomEdit::CaretRect() const
 {
     const int at = CaretPos(), count = CharCount();
-    const int x = GapX(at), height = LineHeight();
+    const bool isComposing = !FComposition.Text.empty();
+    const int x = AddPixels(PlainX(at), ComposedWidth(FComposition.Caret)), height = LineHeight();
     const TRect area = EditRect();
     const int top = area.Top + (area.Height() - height) / 2;
-    if (GetInsertMode())
+    if (GetInsertMode() || isComposing)
         return {x - Px(1), top, x - Px(1) + Px(CaretWidth), top + height};
     int width = Px(CaretWidth);
     if (at < count)
@@ -178,8 +186,8 @@ void TCustomEdit::ScrollToCaret()
 {
     const int caretRoom = GetInsertMode() ? Px(1) : CaretRect().Width();
     const int room = std::max(EditRect().Width() - Px(1) - caretRoom, 0);
-    const int caret = Offset(CaretPos());
-    FScroll = std::min(FScroll, std::max(Offset(CharCount()) - room, 0));
+    const int caret = AddPixels(Offset(CaretPos()), ComposedWidth(FComposition.Caret));
+    FScroll = std::min(FScroll, std::max(AddPixels(Offset(CharCount()), ComposedWidth()) - room, 0));
     FScroll = std::clamp(FScroll, std::max(caret - room, 0), caret);
 }
 
@@ -216,6 +224,7 @@ void TCustomEdit::CMExit()
 {
     FDragging = false;
     FDragTimer.reset();
+    FComposition = {};
     DoCaret();
     TEditableText::CMExit();
 }
@@ -260,16 +269,30 @@ void TCustomEdit::PaintText(TCanvas& canvas)
         canvas.FillRect(
             {std::max(GapX(SelStart()), area.Left), top, std::min(GapX(SelEnd()), area.Right), AddPixels(top, height)});
     }
+    canvas.Brush.SetStyle(bsClear);
+    if (FComposition.Text.empty())
+        return PaintLine(canvas, top, 0);
+    const int begin = PlainX(CaretPos()), end = AddPixels(begin, ComposedWidth());
+    canvas.SetClipRect({area.Left, area.Top, std::clamp(begin, area.Left, area.Right), area.Bottom});
+    PaintLine(canvas, top, 0);
+    canvas.SetClipRect({std::clamp(end, area.Left, area.Right), area.Top, area.Right, area.Bottom});
+    PaintLine(canvas, top, end - begin);
+    canvas.SetClipRect(area);
+    PaintComposition(canvas, top);
+}
+
+void TCustomEdit::PaintLine(TCanvas& canvas, int top, int shift)
+{
     // Leaning letters reach into their neighbours' cells.
+    const TRect area = EditRect();
     const auto& rights = Rights();
     const auto index = [&](int x) {
-        return static_cast<int>(std::upper_bound(rights.begin(), rights.end(), x - GapX(0)) - rights.begin());
+        return static_cast<int>(std::upper_bound(rights.begin(), rights.end(), x - shift - PlainX(0)) - rights.begin());
     };
     const int first = std::max(index(area.Left) - 1, 0), last = std::min(index(area.Right) + 2, CharCount());
-    canvas.Brush.SetStyle(bsClear);
     canvas.Font = PaintFont();
     if (first < last)
-        PaintChars(canvas, first, last, {GapX(first), top});
+        PaintChars(canvas, first, last, {AddPixels(PlainX(first), shift), top});
 }
 
 void TCustomEdit::PaintChars(TCanvas& canvas, int first, int last, TPoint at)
@@ -299,9 +322,10 @@ void TCustomEdit::PaintCaret(TCanvas& canvas)
     if (!FCaretShown)
         return;
     // A broad caret leaves its character legible.
-    if (!GetInsertMode())
+    const bool isBroad = !GetInsertMode() && FComposition.Text.empty();
+    if (isBroad)
         canvas.Pen.Mode = dmXor;
-    canvas.Brush.SetColor(GetInsertMode() ? GetFont().GetColor() : clWhite);
+    canvas.Brush.SetColor(!isBroad ? GetFont().GetColor() : clWhite);
     canvas.FillRect(CaretRect());
     canvas.Pen.Mode = dmCopy;
 }

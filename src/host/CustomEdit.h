@@ -21,6 +21,16 @@ constexpr std::span<const std::string_view> ValueNames(TBevelCut)
     return BevelCutNames;
 }
 
+/// What an input method composes at the caret: it is shown there, and is no part of the text yet.
+struct TComposition
+{
+    std::string Text;
+    int Caret = 0;                   ///< characters before its own caret
+    int MarkStart = 0, MarkEnd = 0;  ///< characters that stand out, such as the ones that are being converted
+
+    bool operator==(const TComposition&) const = default;
+};
+
 /// The base of edits. Text that is wider than the edit scrolls with the caret.
 class TCustomEdit : public TEditableText
 {
@@ -41,7 +51,8 @@ public:
 
     /// Where text shows, own pixels; the rest is frame.
     virtual TRect EditRect() const;
-    /// Own pixels of the gap before a character, as scrolled; of the first one a pixel inside `EditRect`.
+    /// Own pixels of the gap before a character, as scrolled; of the first one a pixel inside `EditRect`. What is being
+    /// composed pushes the characters behind the caret aside.
     int GapX(int index) const;
     /// The gap between characters that is nearest to an own pixel.
     int PointToCaretPos(int x) const;
@@ -50,6 +61,9 @@ public:
     /// Whether the caret is painted: blinking, while the edit has the focus.
     bool IsCaretShown() const { return FCaretShown; }
     void DoCaret() override;
+
+    const TComposition& Composition() const { return FComposition; }
+    void Compose(const TComposition& composition);
 
     void KeyDown(int key, TShiftState shift) override;
     void TextInput(std::string_view text) override { Type(text); }
@@ -68,6 +82,7 @@ protected:
     /// Pixels before a character, not scrolled.
     int Offset(int index) const;
     TFontState PaintFont() const;
+    virtual TFontState ComposedFont() const;
     int LineHeight() const;
     void LayoutChanged() override;
     /// Height of a frame at one side.
@@ -87,18 +102,26 @@ private:
             LayoutChanged();
     }
     const std::vector<std::int32_t>& Rights() const;
+    int PlainX(int index) const;
+    /// Of the first characters of what is being composed.
+    int ComposedWidth(int characters) const;
+    int ComposedWidth() const;
     void ScrollToCaret();
     void Blink();
     void DragTo(int x);
     void DragOn();
     void PaintFrame(TCanvas& canvas);
     void PaintText(TCanvas& canvas);
+    /// Moved to the right by some pixels.
+    void PaintLine(TCanvas& canvas, int top, int shift);
+    void PaintComposition(TCanvas& canvas, int top);
     void PaintCaret(TCanvas& canvas);
 
     mutable std::vector<std::int32_t> FRights;
     mutable const TTextMeasurer* FMeasuredBy = nullptr;  ///< nullptr: `FRights` is to be made anew
     std::unique_ptr<TTimer> FBlinkTimer, FDragTimer;
     std::optional<std::chrono::system_clock::time_point> FLastDouble;
+    TComposition FComposition;
     std::pair<int, int> FDragWord;  ///< the word that a double click began with
     int FScroll = 0;                ///< pixels that are cut off at the left
     int FDragX = 0, FDoubleX = 0;

@@ -170,9 +170,10 @@ void TCustomListBox::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 
 void TCustomListBox::MouseWheel(TShiftState shift, int delta, int x, int y)
 {
-    const int notches = FWheel.Take(delta), before = FTopIndex;
-    SetTopIndex(FTopIndex - notches * (FColumns > 1 ? Rows() : RowsPerNotch));
-    if (notches != 0 && FTopIndex == before)
+    const bool areColumns = FColumns > 1;
+    const int steps = FWheel.Take(delta, areColumns ? WheelNotch : WheelNotch / RowsPerNotch), before = FTopIndex;
+    SetTopIndex(FTopIndex - steps * (areColumns ? Rows() : 1));
+    if (steps != 0 && FTopIndex == before)
         TWindowControl::MouseWheel(shift, delta, x, y);
 }
 

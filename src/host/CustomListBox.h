@@ -44,6 +44,8 @@ public:
     TRect ItemRect(int index) const;
     /// -1 where no item is.
     int ItemAtPos(int x, int y) const;
+    /// Places beyond the items change nothing.
+    void SelectByUser(int index);
     TEvent<> OnChange;
 
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
@@ -59,7 +61,6 @@ public:
 protected:
     /// Fills `box` and draws the item on `canvas`, which is the list's.
     virtual void DrawItem(TCanvas& canvas, int index, const TRect& box) = 0;
-    void SelectByUser(int index);
 
     void Paint() override;
     void CMScaleChanged() override { ScrollTo(FItemIndex); }

@@ -202,6 +202,24 @@ void TEditableText::CutToClipBoard()
     SelectionCleared();
 }
 
+void TEditableText::MoveSelection(int to)
+{
+    const int from = SelStart(), end = SelEnd(), count = CharCount();
+    if (from == end || (to >= from && to <= end))
+        return;
+    const std::string text = SelectedText(), markup = SelectedMarkup();
+    if (!TakeOut(from, end, ekOther))
+        return;
+    const int at = to > from ? to - (count - CharCount()) : to;
+    Select(at, at);
+    const std::string without = Content();
+    InsertMarkup(text, markup);
+    // One with the taking out.
+    if (Content() != without)
+        FHistory.DropLast();
+    Select(at, CaretPos());
+}
+
 void TEditableText::Restore(std::optional<TEditState> state)
 {
     if (!state)

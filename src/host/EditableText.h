@@ -57,6 +57,11 @@ public:
 
     /// In place of the selection, or at the caret.
     void Insert(std::string_view text) { ReplaceSelection(text, ekOther); }
+    /// The same with what its markup says about it, where the text has any: made by `SelectedMarkup`.
+    virtual void InsertMarkup(const std::string& text, const std::string&) { Insert(text); }
+    virtual std::string SelectedMarkup() const { return {}; }
+    /// The selected characters to another place, where they stay selected: one change.
+    void MoveSelection(int to);
     /// The same for what is typed, in which a row of characters is undone together.
     void Type(std::string_view text) { ReplaceSelection(text, ekTyping); }
     /// Takes out the selection, or the character before the caret.

@@ -8,16 +8,16 @@ namespace plotkit {
 class TWheelNotches
 {
 public:
-    /// Whole notches that are complete with a turn by `delta`, 120 to a notch. A turn back begins anew.
-    int Take(int delta)
+    /// Whole steps of `step` that are complete with a turn by `delta`, 120 to a notch. A turn back begins anew.
+    int Take(int delta, int step = 120)
     {
-        constexpr int notch = 120, most = 100;
+        constexpr int most = 100 * 120;
         if ((delta > 0) != (FRest > 0))
             FRest = 0;
-        FRest += std::clamp(delta, -most * notch, most * notch);
-        const int notches = FRest / notch;
-        FRest %= notch;
-        return notches;
+        FRest += std::clamp(delta, -most, most);
+        const int steps = FRest / step;
+        FRest %= step;
+        return steps;
     }
 
 private:

@@ -59,6 +59,7 @@ std::optional<QPalette::ColorRole> RoleOf(TColor color)
         case 0x07:  // menu text
             return QPalette::WindowText;
         case 0x08:  // window text
+        case 0x11:  // grey text, which is that of disabled ones
             return QPalette::Text;
         case 0x0D:  // highlight
             return QPalette::Highlight;
@@ -205,12 +206,26 @@ TRect TQtHost::ScreenRect() const
     return {usable.left(), usable.top(), usable.left() + usable.width(), usable.top() + usable.height()};
 }
 
+TQtPaletteScope::TQtPaletteScope(const QPalette& palette) : FOwn(palette), FHost(dynamic_cast<TQtHost*>(&Host()))
+{
+    if (FHost)
+        FBefore = std::exchange(FHost->FPalette, &FOwn);
+}
+
+TQtPaletteScope::~TQtPaletteScope()
+{
+    if (FHost)
+        FHost->FPalette = FBefore;
+}
+
 TColor TQtHost::ResolveColor(TColor color) const
 {
     const auto role = IsSystemColor(color) ? RoleOf(color) : std::nullopt;
     if (!role)
         return THost::ResolveColor(color);
-    const QColor shown = QGuiApplication::palette().color(QPalette::Active, *role);
+    const QPalette palette = FPalette ? *FPalette : QGuiApplication::palette();
+    const bool isGray = color == clGrayText;
+    const QColor shown = palette.color(isGray ? QPalette::Disabled : QPalette::Active, *role);
     return RgbColor(static_cast<std::uint8_t>(shown.red()), static_cast<std::uint8_t>(shown.green()),
                     static_cast<std::uint8_t>(shown.blue()));
 }

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <QObject>
+#include <QPalette>
 #include <functional>
 #include <map>
 
@@ -37,7 +38,8 @@ public:
 
     void SetScreenCursor(TCursor cursor) override;
     TRect ScreenRect() const override;
-    /// System colours come from the application's palette, those it does not know from the headless default.
+    /// System colours come from the application's palette, or the one of a TQtPaletteScope; those it does not know from
+    /// the headless default.
     TColor ResolveColor(TColor color) const override;
     const TTextMeasurer& TextMeasurer() const override { return FMeasurer; }
 
@@ -46,6 +48,8 @@ public:
     std::function<void(const std::exception&)> OnError;
 
 private:
+    friend class TQtPaletteScope;
+
     void ClipboardChanged();
     void Call(const std::function<void()>& callback);
 
@@ -54,6 +58,22 @@ private:
     std::map<int, QTimer*> FTimers;
     QObject FContext;  ///< ends timers and connections with the host
     std::string FLastMessage;
+    const QPalette* FPalette = nullptr;  ///< nullptr: the application's
+};
+
+/// System colours come from another palette for its lifetime, such as that of a dark widget in a light form.
+class TQtPaletteScope
+{
+public:
+    explicit TQtPaletteScope(const QPalette& palette);
+    TQtPaletteScope(const TQtPaletteScope&) = delete;
+    TQtPaletteScope& operator=(const TQtPaletteScope&) = delete;
+    ~TQtPaletteScope();
+
+private:
+    QPalette FOwn;
+    TQtHost* FHost;  ///< nullptr when another kind of host is in force
+    const QPalette* FBefore = nullptr;
 };
 
 }  // namespace plotkit

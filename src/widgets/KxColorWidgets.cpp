@@ -4,7 +4,8 @@
 #include <QPainter>
 #include <QStyleOptionButton>
 #include <QVBoxLayout>
-#include <cmath>
+
+#include "widgets/KxFormView.h"
 
 namespace plotkit {
 
@@ -14,29 +15,21 @@ namespace {
 constexpr int FaceFrame = 3;
 constexpr int SwatchWidth = 36, ColorRoom = 140;
 
-/// The whole form: keys go round in it, and it gives none away.
-class TFormView : public TKxControlWidget
+class TColorView : public TKxFormView
 {
 public:
-    TFormView(TKxColorPickerForm& form, QWidget* parent) : TKxControlWidget(&form, parent)
-    {
-        setFixedSize(static_cast<int>(std::ceil(form.GetWidth() / form.PixelScale())),
-                     static_cast<int>(std::ceil(form.GetHeight() / form.PixelScale())));
-        setAccessibleName("Colour");
-    }
-    QSize sizeHint() const override { return size(); }
+    TColorView(TKxColorPickerForm& form, QWidget* parent) : TKxFormView(form, parent) { setAccessibleName("Colour"); }
     QString ValueText() const override
     {
         const auto* form = dynamic_cast<const TKxColorPickerForm*>(Root());
         return form ? QString::fromStdString(ColorName(form->GetSelected())) : QString();
     }
-
-protected:
-    bool IsKeyWanted(int, TShiftState) const override { return true; }
-    bool IsWheelWanted() const override { return true; }
-    bool focusNextPrevChild(bool) override { return false; }
-    void focusInEvent(QFocusEvent* event) override { KxGraphWidget::focusInEvent(event); }
-    void focusOutEvent(QFocusEvent* event) override { KxGraphWidget::focusOutEvent(event); }
+    QString PartValue(const TWindowControl& part) const override
+    {
+        const auto* swatches = dynamic_cast<const TKxColorSwatches*>(&part);
+        const auto color = swatches ? swatches->SelectedColor() : std::nullopt;
+        return color ? QString::fromStdString(ColorName(*color)) : TKxFormView::PartValue(part);
+    }
 };
 
 QStyleOptionButton ButtonOption(const TKxColorButtonWidget& button)
@@ -68,7 +61,7 @@ void TKxColorWindow::Open(TKxColorPickerForm& form)
     auto* const layout = new QVBoxLayout(FDialog);
     layout->setContentsMargins(0, 0, 0, 0);
     layout->setSizeConstraint(QLayout::SetFixedSize);
-    auto* const view = new TFormView(form, FDialog);
+    auto* const view = new TColorView(form, FDialog);
     layout->addWidget(view);
     QObject::connect(FDialog, &QDialog::rejected, &FOver, [&form] { form.Cancel(); });
     FDialog->open();
@@ -137,6 +130,11 @@ TKxColorPickComboWidget::TKxColorPickComboWidget(QWidget* parent)
 QString TKxColorPickComboWidget::ValueText() const
 {
     return QString::fromStdString(ColorName(GetSelected()));
+}
+
+QString TKxColorPickComboWidget::ItemName(int index) const
+{
+    return QString::fromStdString(Control().Items()[index]);
 }
 
 void TKxColorPickComboWidget::DroppedDown()

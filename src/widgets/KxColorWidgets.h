@@ -63,6 +63,7 @@ public:
     QDialog* Dialog() const { return FWindow.Dialog(); }
 
     QString ValueText() const override;
+    QString ItemName(int index) const override;
 
 protected:
     void DroppedDown() override;

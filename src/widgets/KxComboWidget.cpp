@@ -1,12 +1,11 @@
 #include "widgets/KxComboWidget.h"
 
-#include <QMouseEvent>
+#include <QKeyEvent>
 #include <QPainter>
-#include <QScreen>
 #include <QStyleOptionComboBox>
-#include <cmath>
 
 #include "qt/KxQtPen.h"
+#include "widgets/KxDropWidget.h"
 
 namespace plotkit {
 
@@ -16,34 +15,6 @@ namespace {
 constexpr QMargins OwnFrame(2, 1, 2 + 17, 1);
 
 }  // namespace
-
-class TKxComboWidget::TPopup : public KxGraphWidget
-{
-public:
-    explicit TPopup(TKxComboWidget& box) : KxGraphWidget(&box.Combo().DropList(), &box), FBox(box)
-    {
-        setWindowFlags(Qt::Popup);
-    }
-
-protected:
-    void mousePressEvent(QMouseEvent* event) override
-    {
-        if (rect().contains(event->position().toPoint()))
-            return KxGraphWidget::mousePressEvent(event);
-        // The press on the box would open the list again.
-        setAttribute(Qt::WA_NoMouseReplay, FBox.rect().contains(FBox.mapFromGlobal(event->globalPosition().toPoint())));
-        hide();
-    }
-    void hideEvent(QHideEvent* event) override
-    {
-        KxGraphWidget::hideEvent(event);
-        Guarded([this] { FBox.Combo().SetDroppedDown(false); });
-    }
-    bool focusNextPrevChild(bool) override { return false; }
-
-private:
-    TKxComboWidget& FBox;
-};
 
 TKxComboWidget::TKxComboWidget(std::unique_ptr<TCustomComboBox> combo, QWidget* parent)
     : TKxControlWidget(std::move(combo), parent)
@@ -61,7 +32,20 @@ TKxComboWidget::~TKxComboWidget()
 
 QWidget* TKxComboWidget::Popup() const
 {
-    return FPopup;
+    return FPopup && FPopup->isVisible() ? FPopup : nullptr;
+}
+
+TKxDropWidget& TKxComboWidget::DropWindow()
+{
+    if (!FPopup)
+        FPopup = new TKxDropWidget(*this);
+    return *FPopup;
+}
+
+int TKxComboWidget::ListRows() const
+{
+    const int columns = Combo().GetColumns(), needed = (Combo().ItemCount() + columns - 1) / columns;
+    return std::clamp(needed, 1, Combo().GetDropDownCount());
 }
 
 QStyleOptionComboBox TKxComboWidget::Option() const
@@ -72,8 +56,8 @@ QStyleOptionComboBox TKxComboWidget::Option() const
     option.editable = true;
     option.frame = true;
     option.subControls = QStyle::SC_All;
-    option.activeSubControls = FPopup ? QStyle::SC_ComboBoxArrow : QStyle::SC_None;
-    if (FPopup)
+    option.activeSubControls = Popup() ? QStyle::SC_ComboBoxArrow : QStyle::SC_None;
+    if (Popup())
         option.state |= QStyle::State_On | QStyle::State_Sunken;
     const TColor ground = Combo().GetEnabled() ? Combo().GetColor() : clButtonFace;
     option.palette.setColor(QPalette::Base, QtColor(ground));
@@ -104,37 +88,31 @@ void TKxComboWidget::PaintChrome(QPainter& painter)
     style()->drawComplexControl(QStyle::CC_ComboBox, &option, &painter, this);
 }
 
-void TKxComboWidget::PlaceList(QWidget& popup) const
-{
-    const int high = static_cast<int>(std::ceil(Combo().DropList().GetHeight() / devicePixelRatioF()));
-    const QPoint below = mapToGlobal(QPoint(0, height()));
-    const QRect free = screen()->availableGeometry();
-    QRect box(below, QSize(width(), std::min(high, free.height())));
-    if (box.bottom() > free.bottom() && below.y() - height() - box.height() >= free.top())
-        box.moveBottom(below.y() - height() - 1);
-    else if (box.bottom() > free.bottom())
-        box.moveBottom(free.bottom());
-    box.moveLeft(std::clamp(box.left(), free.left(), std::max(free.left(), free.right() + 1 - box.width())));
-    popup.setGeometry(box);
-}
-
 void TKxComboWidget::ShowList()
 {
-    HideList();
-    FPopup = new TPopup(*this);
-    PlaceList(*FPopup);
-    FPopup->show();
-    FPopup->setFocus(Qt::PopupFocusReason);
+    DropWindow().Drop();
     update();
 }
 
 void TKxComboWidget::HideList()
 {
-    if (TPopup* const popup = std::exchange(FPopup, nullptr)) {
-        popup->hide();
-        popup->deleteLater();
-    }
+    if (FPopup)
+        FPopup->hide();
     update();
+}
+
+void TKxComboWidget::keyPressEvent(QKeyEvent* event)
+{
+    if (event->key() == Qt::Key_F4 && event->modifiers() == Qt::NoModifier) {
+        event->accept();
+        return Guarded([this] { Combo().DropDown(); });
+    }
+    const auto found = FSearch.Find(*event, Combo().GetItemIndex(), Combo().ItemCount(),
+                                    [this](int index) { return ItemName(index); });
+    if (!found)
+        return TKxControlWidget::keyPressEvent(event);
+    event->accept();
+    Guarded([&] { Combo().SelectByUser(*found); });
 }
 
 void TKxComboWidget::hideEvent(QHideEvent* event)

@@ -3,10 +3,13 @@
 
 #include "host/CustomComboBox.h"
 #include "widgets/KxControlWidget.h"
+#include "widgets/KxListChrome.h"
 
 class QStyleOptionComboBox;
 
 namespace plotkit {
+
+class TKxDropWidget;
 
 class TKxComboWidget : public TKxControlWidget
 {
@@ -16,6 +19,11 @@ public:
     TCustomComboBox& Combo() const { return static_cast<TCustomComboBox&>(*Root()); }
     /// The window of the list while it is down.
     QWidget* Popup() const;
+    /// The same, hidden while the list is up.
+    TKxDropWidget& DropWindow();
+    /// Logical pixels that the list wants to be wide at least, and its rows.
+    int ListWidth() const { return FItemRoom + ListMargin; }
+    int ListRows() const;
 
     QSize sizeHint() const override;
 
@@ -30,17 +38,18 @@ protected:
     QRect Hole() const override;
     void PaintChrome(QPainter& painter) override;
     bool IsWheelWanted() const override { return Combo().HasFocus(); }
+    void keyPressEvent(QKeyEvent* event) override;
     void hideEvent(QHideEvent* event) override;
 
 private:
-    class TPopup;
+    static constexpr int ListMargin = 24;
 
     QStyleOptionComboBox Option() const;
     void ShowList();
     void HideList();
-    void PlaceList(QWidget& popup) const;
 
-    TPopup* FPopup = nullptr;
+    TKxDropWidget* FPopup = nullptr;
+    TKxLetterSearch FSearch;
     int FItemRoom = 64;
 };
 

@@ -1,42 +1,49 @@
 #include "widgets/KxControlWidget.h"
 
+#include <QAccessible>
 #include <QContextMenuEvent>
+#include <QGuiApplication>
+#include <QInputMethod>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
 #include <QPainter>
 #include <QPointer>
+#include <QTextFormat>
 #include <QWheelEvent>
 #include <cmath>
 
 #include "host/CustomEdit.h"
 #include "host/Restore.h"
+#include "qt/KxQtHost.h"
 #include "qt/KxQtKeys.h"
 #include "widgets/KxControlAccess.h"
+#include "widgets/KxEditPlaces.h"
 
 namespace plotkit {
 
 namespace {
 
-/// Qt counts in halves of characters beyond the first 65536.
-int QtPlace(const TEditableText& edit, int index)
-{
-    int place = 0;
-    for (int i = 0; i < std::min(index, edit.CharCount()); ++i)
-        place += edit.CharAt(i).size() == 4 ? 2 : 1;
-    return place;
-}
+constexpr int WheelNotch = 120;
 
-int CharPlace(const TEditableText& edit, int qtPlace)
+TComposition CompositionOf(const QInputMethodEvent& event)
 {
-    int index = 0;
-    for (int place = 0; place < qtPlace && index < edit.CharCount(); ++index)
-        place += edit.CharAt(index).size() == 4 ? 2 : 1;
-    return index;
-}
-
-QString QtText(const std::string& text)
-{
-    return QString::fromStdString(text);
+    const QString text = event.preeditString();
+    const auto characters = [&text](int place) { return static_cast<int>(text.left(place).toUcs4().size()); };
+    const int all = static_cast<int>(text.size());
+    TComposition composition{text.toStdString(), characters(all), 0, 0};
+    for (const QInputMethodEvent::Attribute& one : event.attributes()) {
+        const int from = std::clamp(one.start, 0, all), to = std::clamp(one.start + one.length, from, all);
+        if (one.type == QInputMethodEvent::Cursor)
+            composition.Caret = characters(from);
+        const QTextFormat format = qvariant_cast<QTextFormat>(one.value);
+        const bool isMarked =
+            one.type == QInputMethodEvent::TextFormat && format.hasProperty(QTextFormat::BackgroundBrush);
+        if (isMarked && from < to) {
+            composition.MarkStart = characters(from);
+            composition.MarkEnd = characters(to);
+        }
+    }
+    return composition;
 }
 
 }  // namespace
@@ -120,8 +127,20 @@ bool TKxControlWidget::IsWheelWanted() const
     return false;
 }
 
+void TKxControlWidget::Follow()
+{
+    if (!IsHeard())
+        return;
+    const QString value = ValueText();
+    if (std::exchange(FToldValue, value) == value)
+        return;
+    QAccessibleValueChangeEvent changed(this, value);
+    Tell(changed);
+}
+
 bool TKxControlWidget::event(QEvent* event)
 {
+    const TQtPaletteScope colors(palette());
     if (event->type() == QEvent::ShortcutOverride) {
         auto* const pressed = static_cast<QKeyEvent*>(event);
         const auto key = KeyOf(*pressed);
@@ -156,23 +175,7 @@ void TKxControlWidget::paintEvent(QPaintEvent*)
     PaintChrome(painter);
     painter.setClipRect(Hole());
     DrawRoot(painter);
-    if (!FPreedit.isEmpty())
-        PaintPreedit(painter);
-}
-
-void TKxControlWidget::PaintPreedit(QPainter& painter)
-{
-    const TCustomEdit* const edit = FocusedEdit();
-    if (!edit)
-        return;
-    QFont underlined = font();
-    underlined.setUnderline(true);
-    QRect box = FromControl(*edit, edit->CaretRect());
-    box.setWidth(QFontMetrics(underlined).horizontalAdvance(FPreedit) + 1);
-    painter.fillRect(box, palette().base());
-    painter.setFont(underlined);
-    painter.setPen(palette().text().color());
-    painter.drawText(box, Qt::AlignVCenter | Qt::TextSingleLine, FPreedit);
+    PaintAbove(painter);
 }
 
 void TKxControlWidget::focusInEvent(QFocusEvent* event)
@@ -182,12 +185,12 @@ void TKxControlWidget::focusInEvent(QFocusEvent* event)
         if (Root())
             Root()->SetFocus();
     });
+    updateMicroFocus();
 }
 
 void TKxControlWidget::focusOutEvent(QFocusEvent* event)
 {
     KxGraphWidget::focusOutEvent(event);
-    FPreedit.clear();
     // A menu or a list gives the focus back.
     if (event->reason() == Qt::PopupFocusReason)
         return;
@@ -214,14 +217,55 @@ void TKxControlWidget::keyPressEvent(QKeyEvent* event)
 void TKxControlWidget::wheelEvent(QWheelEvent* event)
 {
     // What only scrolls the form past the control changes nothing.
-    if (!IsWheelWanted())
+    if (!IsWheelWanted()) {
+        FWheelRest = 0;
         return event->ignore();
-    KxGraphWidget::wheelEvent(event);
+    }
+    // Fine wheels and touch pads turn by parts of a notch.
+    const QPoint turned = event->angleDelta();
+    FWheelRest += turned.y() != 0 ? turned.y() : turned.x();
+    const int whole = FWheelRest - FWheelRest % WheelNotch;
+    event->accept();
+    if (whole == 0)
+        return;
+    FWheelRest -= whole;
+    QWheelEvent notches(event->position(), event->globalPosition(), {}, {0, whole}, event->buttons(),
+                        event->modifiers(), event->phase(), event->inverted());
+    KxGraphWidget::wheelEvent(&notches);
+    event->setAccepted(notches.isAccepted());
 }
 
 void TKxControlWidget::contextMenuEvent(QContextMenuEvent* event)
 {
     event->ignore();
+}
+
+void TKxControlWidget::EndComposition()
+{
+    TCustomEdit* const edit = FocusedEdit();
+    if (!edit || edit->Composition().Text.empty())
+        return;
+    QGuiApplication::inputMethod()->commit();
+    edit->Compose({});
+}
+
+void TKxControlWidget::mousePressEvent(QMouseEvent* event)
+{
+    Guarded([this] { EndComposition(); });
+    KxGraphWidget::mousePressEvent(event);
+}
+
+void TKxControlWidget::TakeCommit(TCustomEdit& edit, const QInputMethodEvent& event)
+{
+    const bool replaces = event.replacementLength() > 0 || event.replacementStart() != 0;
+    if (replaces) {
+        const int start = QtPlace(edit, edit.CaretPos()) + event.replacementStart();
+        edit.Select(CharPlace(edit, start), CharPlace(edit, start + event.replacementLength()));
+    } else if (!event.preeditString().isEmpty()) {
+        edit.SelectionCleared();
+    }
+    if (!event.commitString().isEmpty() || event.replacementLength() > 0)
+        Root()->DispatchText(event.commitString().toStdString());
 }
 
 void TKxControlWidget::inputMethodEvent(QInputMethodEvent* event)
@@ -230,17 +274,15 @@ void TKxControlWidget::inputMethodEvent(QInputMethodEvent* event)
     if (!edit || edit->GetReadOnly())
         return event->ignore();
     Guarded([&] {
-        if (event->replacementLength() > 0) {
-            const int start = QtPlace(*edit, edit->CaretPos()) + event->replacementStart();
-            edit->Select(CharPlace(*edit, start), CharPlace(*edit, start + event->replacementLength()));
-        } else if (!event->preeditString().isEmpty()) {
-            edit->SelectionCleared();
-        }
-        if (!event->commitString().isEmpty() || event->replacementLength() > 0)
-            Root()->DispatchText(event->commitString().toStdString());
+        edit->Compose({});
+        TakeCommit(*edit, *event);
+        for (const QInputMethodEvent::Attribute& one : event->attributes())
+            if (one.type == QInputMethodEvent::Selection)
+                edit->Select(CharPlace(*edit, one.start), CharPlace(*edit, one.start + one.length));
+        edit->Compose(CompositionOf(*event));
     });
-    FPreedit = event->preeditString();
     event->accept();
+    updateMicroFocus();
     update();
 }
 
@@ -251,20 +293,37 @@ QVariant TKxControlWidget::inputMethodQuery(Qt::InputMethodQuery query) const
         return edit && edit->GetEnabled() && !edit->GetReadOnly();
     if (!edit)
         return KxGraphWidget::inputMethodQuery(query);
+    const int caret = edit->CaretPos();
     switch (query) {
         case Qt::ImCursorRectangle:
             return FromControl(*edit, edit->CaretRect());
+        case Qt::ImAnchorRectangle: {
+            TRect place = edit->CaretRect();
+            place.Left = edit->GapX(Anchor(*edit));
+            place.Right = place.Left + 1;
+            return FromControl(*edit, place);
+        }
+        case Qt::ImInputItemClipRectangle:
+            return FromControl(*edit, edit->EditRect());
+        case Qt::ImFont:
+            return font();
         case Qt::ImSurroundingText:
-            return QtText(edit->TextOf(0, edit->CharCount()));
+            return QtText(*edit);
         case Qt::ImCursorPosition:
         case Qt::ImAbsolutePosition:
-            return QtPlace(*edit, edit->CaretPos());
+            return QtPlace(*edit, caret);
         case Qt::ImAnchorPosition:
-            return QtPlace(*edit, edit->CaretPos() == edit->SelStart() ? edit->SelEnd() : edit->SelStart());
+            return QtPlace(*edit, Anchor(*edit));
         case Qt::ImCurrentSelection:
-            return QtText(edit->SelectedText());
+            return QtText(*edit, edit->SelStart(), edit->SelEnd());
+        case Qt::ImTextBeforeCursor:
+            return QtText(*edit, 0, caret);
+        case Qt::ImTextAfterCursor:
+            return QtText(*edit, caret, edit->CharCount());
         case Qt::ImMaximumTextLength:
             return edit->GetMaxLength() > 0 ? QVariant(edit->GetMaxLength()) : QVariant();
+        case Qt::ImReadOnly:
+            return edit->GetReadOnly();
         default:
             return KxGraphWidget::inputMethodQuery(query);
     }

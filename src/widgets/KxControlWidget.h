@@ -20,7 +20,9 @@ public:
     std::function<void()> OnChanged;
 
     /// The value in words, as assistive programs hear it.
-    virtual QString ValueText() const = 0;
+    virtual QString ValueText() const { return {}; }
+    /// Of a list or drop-down: what an item shows, in words.
+    virtual QString ItemName(int) const { return {}; }
     /// The edit that has the focus of the tree; nullptr when something else has it.
     TCustomEdit* FocusedEdit() const;
     /// Where an own pixel rectangle of a control stands in the widget.
@@ -47,8 +49,12 @@ protected:
     void ControlChanged();
     /// Whether what goes on was begun by the user.
     bool IsServing() const { return FServing > 0; }
-    /// After every event.
-    virtual void Follow() {}
+    /// After every event; tells assistive programs what has changed.
+    virtual void Follow();
+    /// What stands in front of the control.
+    virtual void PaintAbove(QPainter&) {}
+    /// Ends what an input method composes; its text stays.
+    void EndComposition();
 
     bool event(QEvent* event) override;
     void changeEvent(QEvent* event) override;
@@ -56,6 +62,7 @@ protected:
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
+    void mousePressEvent(QMouseEvent* event) override;
     void wheelEvent(QWheelEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
     void inputMethodEvent(QInputMethodEvent* event) override;
@@ -63,10 +70,11 @@ protected:
 private:
     void Prepare();
     void TakeFont();
-    void PaintPreedit(QPainter& painter);
+    void TakeCommit(TCustomEdit& edit, const QInputMethodEvent& event);
 
-    QString FPreedit;
+    QString FToldValue;
     int FServing = 0;
+    int FWheelRest = 0;
     bool FNotifying = false;
 };
 

@@ -1,17 +1,16 @@
 #include "widgets/KxEditWidget.h"
 
 #include <QAccessible>
-#include <QClipboard>
 #include <QContextMenuEvent>
-#include <QGuiApplication>
 #include <QKeyEvent>
 #include <QMenu>
-#include <QMouseEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
 #include <cmath>
 
 #include "qt/KxQtPen.h"
+#include "widgets/KxControlAccess.h"
+#include "widgets/KxEditPlaces.h"
 
 namespace plotkit {
 
@@ -33,6 +32,7 @@ TKxEditWidget::TKxEditWidget(std::unique_ptr<TCustomEdit> edit, QWidget* parent)
     : TKxControlWidget(std::move(edit), parent)
 {
     setSizePolicy(QSizePolicy::Expanding, QSizePolicy::Fixed);
+    setAcceptDrops(true);
     Edit().SetBorder(false);
 }
 
@@ -51,7 +51,7 @@ void TKxEditWidget::SetRoom(int letters)
 
 QString TKxEditWidget::ValueText() const
 {
-    return QString::fromStdString(Edit().TextOf(0, Edit().CharCount()));
+    return QtText(Edit());
 }
 
 QSize TKxEditWidget::sizeHint() const
@@ -81,7 +81,10 @@ void TKxEditWidget::PaintChrome(QPainter& painter)
 void TKxEditWidget::EditChanged()
 {
     FTextChanged = true;
-    if (!IsNewValue() || !IsServing())
+    const bool isNew = IsNewValue();
+    if (!IsServing())
+        return Follow();
+    if (!isNew)
         return;
     FChangedByUser = true;
     ControlChanged();
@@ -96,27 +99,39 @@ void TKxEditWidget::Finish()
 
 void TKxEditWidget::Follow()
 {
-    const int anchor = Edit().CaretPos() == Edit().SelStart() ? Edit().SelEnd() : Edit().SelStart();
-    const bool isMoved = Edit().CaretPos() != FToldCaret || anchor != FToldAnchor;
-    if (!isMoved && !FTextChanged)
-        return;
-    FToldCaret = Edit().CaretPos();
-    FToldAnchor = anchor;
-    TellPlace();
-    updateMicroFocus();
+    const TPlace now{Edit().CaretPos(), Anchor(Edit())}, before = std::exchange(FToldPlace, now);
+    const bool isChanged = std::exchange(FTextChanged, false);
+    if (!IsHeard())
+        FToldText.reset();
+    else
+        TellChanges(isChanged, before);
+    // Whoever asks then is an event, too.
+    if (isChanged || now != before)
+        updateMicroFocus();
 }
 
-void TKxEditWidget::TellPlace()
+void TKxEditWidget::TellChanges(bool isChanged, const TPlace& before)
 {
-    const bool isChanged = std::exchange(FTextChanged, false);
-    if (!QAccessible::isActive())
-        return;
-    if (isChanged) {
-        QAccessibleValueChangeEvent changed(this, ValueText());
-        QAccessible::updateAccessibility(&changed);
+    const TPlace now = FToldPlace;
+    const int caret = QtPlace(Edit(), now.Caret);
+    if (isChanged || !FToldText) {
+        const QString text = QtText(Edit());
+        const std::optional<QString> old = std::exchange(FToldText, text);
+        if (QAccessibleInterface* access = old ? QAccessible::queryAccessibleInterface(this) : nullptr)
+            TellTextChange(*access, *old, text, caret);
     }
-    QAccessibleTextCursorEvent moved(this, FToldCaret);
-    QAccessible::updateAccessibility(&moved);
+    if (now != before && (now.IsSelection() || before.IsSelection())) {
+        QAccessibleTextSelectionEvent selected(this, QtPlace(Edit(), Edit().SelStart()),
+                                               QtPlace(Edit(), Edit().SelEnd()));
+        selected.setCursorPosition(caret);
+        Tell(selected);
+    }
+    if (now.Caret != before.Caret) {
+        QAccessibleTextCursorEvent moved(this, caret);
+        Tell(moved);
+    }
+    if (isChanged && IsNumber())
+        TKxControlWidget::Follow();
 }
 
 void TKxEditWidget::focusInEvent(QFocusEvent* event)
@@ -139,28 +154,6 @@ void TKxEditWidget::keyPressEvent(QKeyEvent* event)
     TKxControlWidget::keyPressEvent(event);
     if (event->key() == Qt::Key_Return || event->key() == Qt::Key_Enter)
         Finish();
-}
-
-void TKxEditWidget::mousePressEvent(QMouseEvent* event)
-{
-    QClipboard* const clipboard = QGuiApplication::clipboard();
-    if (event->button() != Qt::MiddleButton || !clipboard->supportsSelection())
-        return TKxControlWidget::mousePressEvent(event);
-    event->accept();
-    Guarded([&] {
-        const int at = Edit().PointToCaretPos(RootPixel(event->position()).X);
-        Edit().Select(at, at);
-        Edit().Insert(clipboard->text(QClipboard::Selection).toStdString());
-    });
-}
-
-void TKxEditWidget::mouseReleaseEvent(QMouseEvent* event)
-{
-    QClipboard* const clipboard = QGuiApplication::clipboard();
-    if (event->button() == Qt::LeftButton && clipboard->supportsSelection() && Edit().HasSelection())
-        clipboard->setText(QString::fromStdString(Edit().SelectedText()), QClipboard::Selection);
-    if (event->button() != Qt::MiddleButton)
-        TKxControlWidget::mouseReleaseEvent(event);
 }
 
 void TKxEditWidget::AddAction(QMenu& menu, const QString& text, const QKeySequence& key, bool enabled,
@@ -195,6 +188,7 @@ void TKxEditWidget::contextMenuEvent(QContextMenuEvent* event)
 {
     auto* const menu = new QMenu(this);
     menu->setAttribute(Qt::WA_DeleteOnClose);
+    Guarded([this] { EndComposition(); });
     FillMenu(*menu);
     const bool isKey = event->reason() == QContextMenuEvent::Keyboard;
     const QPoint caret = FromControl(Edit(), Edit().CaretRect()).bottomLeft();

@@ -1,13 +1,17 @@
 // The job of KxEditWidget is what the widgets of all edits share: the frame of a line edit, its menu, its end.
 #pragma once
 
+#include <optional>
+
 #include "host/CustomEdit.h"
 #include "widgets/KxControlWidget.h"
 
 class QMenu;
+class QMimeData;
 
 namespace plotkit {
 
+/// Selected text can be dragged to any place that takes text, and text from anywhere dropped.
 class TKxEditWidget : public TKxControlWidget
 {
 public:
@@ -23,6 +27,8 @@ public:
 
     QString ValueText() const override;
     QSize sizeHint() const override;
+    /// Whether the text stands for a value.
+    virtual bool IsNumber() const { return false; }
 
 protected:
     TKxEditWidget(std::unique_ptr<TCustomEdit> edit, QWidget* parent);
@@ -40,20 +46,41 @@ protected:
 
     QRect RootRect() const override;
     void PaintChrome(QPainter& painter) override;
+    void PaintAbove(QPainter& painter) override;
     void Follow() override;
     void focusInEvent(QFocusEvent* event) override;
     void focusOutEvent(QFocusEvent* event) override;
     void keyPressEvent(QKeyEvent* event) override;
     void mousePressEvent(QMouseEvent* event) override;
+    void mouseMoveEvent(QMouseEvent* event) override;
     void mouseReleaseEvent(QMouseEvent* event) override;
+    void dragEnterEvent(QDragEnterEvent* event) override;
+    void dragMoveEvent(QDragMoveEvent* event) override;
+    void dragLeaveEvent(QDragLeaveEvent* event) override;
+    void dropEvent(QDropEvent* event) override;
     void contextMenuEvent(QContextMenuEvent* event) override;
 
 private:
+    struct TPlace
+    {
+        int Caret = 0, Anchor = 0;
+
+        bool IsSelection() const { return Caret != Anchor; }
+        bool operator==(const TPlace&) const = default;
+    };
+
     void Finish();
-    void TellPlace();
+    void TellChanges(bool isChanged, const TPlace& before);
+    bool IsOnSelection(QPoint at) const;
+    void StartDrag();
+    void TakeDrop(const QMimeData& dropped, int place, bool moves);
+    void ShowDropPlace(std::optional<int> place);
 
     int FRoom = 17;
-    int FToldCaret = 0, FToldAnchor = 0;
+    TPlace FToldPlace;
+    std::optional<QString> FToldText;  ///< while assistive programs listen
+    std::optional<QPoint> FDragFrom;   ///< pressed on the selection, which may become a drag
+    std::optional<int> FDropPlace;
     bool FChangedByUser = false;
     bool FTextChanged = false;
 };

@@ -22,6 +22,7 @@ public:
     void SetValue(int value) { Control().SetValue(value); }
     /// Equal ones are none.
     void SetBounds(int min, int max);
+    bool IsNumber() const override { return true; }
 
 protected:
     TKxIntegerEditWidget(std::unique_ptr<TKxIntegerEdit> edit, QWidget* parent);
@@ -40,6 +41,7 @@ public:
 
     TKxSpinIntegerEdit& Control() const { return static_cast<TKxSpinIntegerEdit&>(Edit()); }
     QSize sizeHint() const override;
+    bool CanStep(TUpDownButton button) const;
 
 protected:
     QRect RootRect() const override;
@@ -56,7 +58,6 @@ protected:
 private:
     QStyleOptionSpinBox Option() const;
     std::optional<TUpDownButton> ButtonAt(QPoint at) const;
-    bool CanStep(TUpDownButton button) const;
     void Step();
     void Release();
 
@@ -75,6 +76,7 @@ public:
     void SetValue(double value) { Control().SetValue(value); }
     /// Equal ones are none.
     void SetBounds(double min, double max);
+    bool IsNumber() const override { return true; }
 
 protected:
     bool IsNewValue() override;

@@ -1,7 +1,10 @@
 #include "widgets/KxPickerWidgets.h"
 
+#include <QKeyEvent>
 #include <QPainter>
 #include <QStyleOptionFrame>
+
+#include "widgets/KxControlAccess.h"
 
 namespace plotkit {
 
@@ -41,16 +44,14 @@ QString NameOf(T value)
 }
 
 template <class TPicker>
-QString ChosenName(const TPicker& picker)
+QString NameOfItem(const TPicker& picker, int index)
 {
-    if (picker.GetItemIndex() < 0)
-        return {};
     if constexpr (requires { picker.GetPenStyle(); })
-        return NameOf(picker.GetPenStyle());
+        return NameOf(static_cast<TPenStyle>(index));
     else if constexpr (requires { picker.GetPointSymbol(); })
-        return NameOf(picker.GetPointSymbol());
+        return NameOf(static_cast<TKxPointSymbol>(index));
     else
-        return NameOf(picker.GetBrushStyle());
+        return NameOf(picker.StyleOf(index));
 }
 
 }  // namespace
@@ -75,10 +76,15 @@ QSize TKxListWidget::minimumSizeHint() const
     return {40, sizeHint().height()};
 }
 
-QRect TKxListWidget::Hole() const
+QRect TKxListWidget::Inside() const
 {
     const QStyleOptionFrame option = FrameOption(*this);
     return style()->subElementRect(QStyle::SE_ShapedFrameContents, &option, this);
+}
+
+QRect TKxListWidget::Hole() const
+{
+    return FScroll.Room(Inside());
 }
 
 QRect TKxListWidget::RootRect() const
@@ -92,6 +98,25 @@ void TKxListWidget::PaintChrome(QPainter& painter)
     style()->drawControl(QStyle::CE_ShapedFrame, &option, &painter, this);
 }
 
+void TKxListWidget::Follow()
+{
+    TKxControlWidget::Follow();
+    FScroll.Follow(Inside());
+    const int item = List().GetItemIndex();
+    if (std::exchange(FToldItem, item) != item && item >= 0)
+        TellItem(*this, item, hasFocus());
+}
+
+void TKxListWidget::keyPressEvent(QKeyEvent* event)
+{
+    const auto found =
+        FSearch.Find(*event, List().GetItemIndex(), List().ItemCount(), [this](int index) { return ItemName(index); });
+    if (!found)
+        return TKxControlWidget::keyPressEvent(event);
+    event->accept();
+    Guarded([&] { List().SelectByUser(*found); });
+}
+
 template <class TPicker, class TBase>
 TKxPickerWidget<TPicker, TBase>::TKxPickerWidget(QWidget* parent) : TBase(std::make_unique<TPicker>(nullptr), parent)
 {}
@@ -99,7 +124,13 @@ TKxPickerWidget<TPicker, TBase>::TKxPickerWidget(QWidget* parent) : TBase(std::m
 template <class TPicker, class TBase>
 QString TKxPickerWidget<TPicker, TBase>::ValueText() const
 {
-    return ChosenName(Control());
+    return Control().GetItemIndex() < 0 ? QString() : ItemName(Control().GetItemIndex());
+}
+
+template <class TPicker, class TBase>
+QString TKxPickerWidget<TPicker, TBase>::ItemName(int index) const
+{
+    return NameOfItem(Control(), index);
 }
 
 template class TKxPickerWidget<TKxLineStylesCombo, TKxComboWidget>;

@@ -15,6 +15,7 @@ public:
     TCustomListBox& List() const { return static_cast<TCustomListBox&>(*Root()); }
     QSize sizeHint() const override;
     QSize minimumSizeHint() const override;
+    QScrollBar& ScrollBar() const { return FScroll.Bar(); }
 
 protected:
     TKxListWidget(std::unique_ptr<TCustomListBox> list, QWidget* parent);
@@ -23,6 +24,16 @@ protected:
     QRect Hole() const override;
     void PaintChrome(QPainter& painter) override;
     bool IsWheelWanted() const override { return true; }
+    void Follow() override;
+    void keyPressEvent(QKeyEvent* event) override;
+
+private:
+    /// Within the frame.
+    QRect Inside() const;
+
+    TKxLetterSearch FSearch;
+    int FToldItem = -1;
+    TKxListScroll FScroll{*this, List()};
 };
 
 /// `TControl`: one of the pickers; `TBase`: TKxListWidget or TKxComboWidget.
@@ -34,6 +45,7 @@ public:
 
     TPicker& Control() const { return static_cast<TPicker&>(*this->Root()); }
     QString ValueText() const override;
+    QString ItemName(int index) const override;
 };
 
 using TKxLineStylesComboWidget = TKxPickerWidget<TKxLineStylesCombo, TKxComboWidget>;

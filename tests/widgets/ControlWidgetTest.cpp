@@ -6,12 +6,17 @@
 #include <QDialog>
 #include <QInputMethodEvent>
 #include <QKeyEvent>
+#include <QMimeData>
+#include <QScreen>
+#include <QScrollBar>
 #include <QToolButton>
 #include <QVBoxLayout>
 #include <QWheelEvent>
 
 #include "widgets/KxCaptionEditWidget.h"
 #include "widgets/KxColorWidgets.h"
+#include "widgets/KxControlAccess.h"
+#include "widgets/KxDropWidget.h"
 #include "widgets/KxNumberWidgets.h"
 #include "widgets/KxPickerWidgets.h"
 
@@ -126,6 +131,36 @@ TEST(CaptionEditWidget, InputMethodsComposeAndReplace)
     EXPECT_FALSE(widget->inputMethodQuery(Qt::ImEnabled).toBool());
 }
 
+TEST(CaptionEditWidget, WhatIsComposedPushesTheRestAside)
+{
+    TScene<TKxCaptionEditWidget> scene;
+    TKxCaptionEditWidget* const widget = scene.Widget;
+    TKxCaptionEdit& edit = widget->Control();
+    widget->SetCaption("abcd");
+    edit.Select(2, 2);
+    const int third = edit.GapX(3);
+    const QRect caret = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    QInputMethodEvent composing("日本", {{QInputMethodEvent::Cursor, 1, 1, {}}});
+    QApplication::sendEvent(widget, &composing);
+    const int pushed = edit.GapX(3) - third;
+    EXPECT_GT(pushed, 10);
+    const QRect inside = widget->inputMethodQuery(Qt::ImCursorRectangle).toRect();
+    EXPECT_NEAR((inside.left() - caret.left()) * widget->devicePixelRatioF(), pushed / 2.0, 2);
+    EXPECT_EQ(edit.PointToCaretPos(edit.GapX(3)), 3);
+    EXPECT_EQ(edit.PointToCaretPos(edit.GapX(2) + pushed / 2), 2);
+    EXPECT_EQ(widget->inputMethodQuery(Qt::ImSurroundingText).toString(), "abcd");
+    EXPECT_EQ(widget->inputMethodQuery(Qt::ImTextAfterCursor).toString(), "cd");
+    QInputMethodEvent composed;
+    composed.setCommitString("日本");
+    QApplication::sendEvent(widget, &composed);
+    EXPECT_EQ(widget->ValueText(), "ab日本cd");
+    EXPECT_EQ(edit.Composition(), TComposition{});
+    EXPECT_EQ(scene.Taken(), 1);
+    QApplication::sendEvent(widget, &composing);
+    scene.Other->setFocus();
+    EXPECT_EQ(edit.Composition(), TComposition{});
+}
+
 TEST(NumberWidgets, TellEachValueOnceAndTheEndOnce)
 {
     TScene<TKxIntegerEditWidget> scene;
@@ -230,19 +265,221 @@ TEST(ColorWidgets, TheDialogGivesItsColour)
     delete std::exchange(scene.Widget, nullptr);
 }
 
-TEST(ControlWidgets, AssistiveProgramsHearNameAndValue)
+/// What assistive programs are told.
+struct TTold
 {
-    TScene<TKxSpinIntegerEditWidget> spin;
+    TTold()
+    {
+        Lines.clear();
+        SetAccessListener(&Take);
+    }
+    ~TTold() { SetAccessListener(nullptr); }
+    static void Take(QAccessibleEvent& event)
+    {
+        if (event.type() == QAccessible::TextInserted) {
+            auto* const one = static_cast<QAccessibleTextInsertEvent*>(&event);
+            Lines << QString("+%1 %2").arg(one->changePosition()).arg(one->textInserted());
+        } else if (event.type() == QAccessible::TextRemoved) {
+            auto* const one = static_cast<QAccessibleTextRemoveEvent*>(&event);
+            Lines << QString("-%1 %2").arg(one->changePosition()).arg(one->textRemoved());
+        } else if (event.type() == QAccessible::TextUpdated) {
+            auto* const one = static_cast<QAccessibleTextUpdateEvent*>(&event);
+            Lines << QString("=%1 %2>%3").arg(one->changePosition()).arg(one->textRemoved(), one->textInserted());
+        } else if (event.type() == QAccessible::TextCaretMoved) {
+            Lines << QString("|%1").arg(static_cast<QAccessibleTextCursorEvent*>(&event)->cursorPosition());
+        } else if (event.type() == QAccessible::TextSelectionChanged) {
+            auto* const one = static_cast<QAccessibleTextSelectionEvent*>(&event);
+            Lines << QString("[%1 %2").arg(one->selectionStart()).arg(one->selectionEnd());
+        } else if (event.type() == QAccessible::ValueChanged) {
+            Lines << "v" + static_cast<QAccessibleValueChangeEvent*>(&event)->value().toString();
+        } else if (event.type() == QAccessible::Selection) {
+            Lines << "i" + event.accessibleInterface()->text(QAccessible::Name);
+        }
+    }
+    QString Taken() { return std::exchange(Lines, {}).join(' '); }
+
+    static inline QStringList Lines;
+};
+
+QAccessibleInterface& AccessOf(QWidget* widget)
+{
+    return *QAccessible::queryAccessibleInterface(widget);
+}
+
+TEST(WidgetAccess, TextCaretAndSelectionAreToldOnEveryRoute)
+{
+    TTold told;
+    TScene<TKxCaptionEditWidget> scene;
+    TKxCaptionEditWidget* const widget = scene.Widget;
+    told.Taken();
+    Type(widget, "ab");
+    EXPECT_EQ(told.Taken(), "+0 a |1 +1 b |2");
+    widget->SetCaption("x𝛼\\by");
+    EXPECT_EQ(told.Taken(), "=0 ab>x𝛼y");
+    Press(widget, Qt::Key_Home, {}, Qt::ShiftModifier);
+    EXPECT_EQ(told.Taken(), "[0 3 |0");
+    QAccessibleInterface& access = AccessOf(widget);
+    QAccessibleTextInterface* const text = access.textInterface();
+    ASSERT_TRUE(text && access.editableTextInterface());
+    EXPECT_EQ(text->characterCount(), 4);
+    EXPECT_EQ(text->text(1, 4), "𝛼y");
+    int from = 0, to = 0;
+    EXPECT_EQ(text->attributes(3, &from, &to), "font-weight:bold;");
+    EXPECT_EQ(std::pair(from, to), std::pair(3, 4));
+    const QRect place = text->characterRect(1);
+    EXPECT_EQ(text->offsetAtPoint(place.center()), 1);
+    text->setCursorPosition(3);
+    EXPECT_EQ(widget->Control().CaretPos(), 2);
+    access.editableTextInterface()->replaceText(0, 3, "q");
+    EXPECT_EQ(widget->GetCaption(), "q\\by");
+    EXPECT_EQ(scene.Taken(), 3);
+    widget->SetReadOnly(true);
+    access.editableTextInterface()->deleteText(0, 1);
+    EXPECT_EQ(widget->ValueText(), "qy");
+    EXPECT_TRUE(access.state().readOnly);
+}
+
+TEST(WidgetAccess, NumbersHaveValueBoundsAndSteps)
+{
+    TTold told;
+    TScene<TKxSpinIntegerEditWidget> scene;
+    TKxSpinIntegerEditWidget* const widget = scene.Widget;
+    widget->setAccessibleName("Order");
+    widget->SetBounds(1, 9);
+    widget->Control().SetIncrement(2);
+    QAccessibleInterface& access = AccessOf(widget);
+    EXPECT_EQ(access.role(), QAccessible::SpinBox);
+    EXPECT_EQ(access.text(QAccessible::Name), "Order");
+    QAccessibleValueInterface* const value = access.valueInterface();
+    ASSERT_TRUE(value);
+    EXPECT_EQ(value->minimumValue().toInt(), 1);
+    EXPECT_EQ(value->maximumValue().toInt(), 9);
+    EXPECT_EQ(value->minimumStepSize().toInt(), 2);
+    told.Taken();
+    value->setCurrentValue(3);
+    EXPECT_EQ(told.Taken(), "+0 3 v3");
+    EXPECT_EQ(scene.Taken(), 1);
+    access.actionInterface()->doAction(QAccessibleActionInterface::increaseAction());
+    EXPECT_EQ(value->currentValue().toInt(), 5);
+    widget->SetValue(7);
+    EXPECT_EQ(told.Lines.last(), "v7");
+    TScene<TKxFloatEditWidget> real;
+    real.Widget->SetBounds(-0.5, 0.5);
+    EXPECT_EQ(AccessOf(real.Widget).valueInterface()->minimumValue().toDouble(), -0.5);
+}
+
+TEST(WidgetAccess, ItemsCanBeWalkedAndChosen)
+{
+    TTold told;
+    TScene<TKxLineStylesComboWidget> box;
+    QAccessibleInterface& access = AccessOf(box.Widget);
+    EXPECT_EQ(access.role(), QAccessible::ComboBox);
+    QAccessibleInterface* const list = access.child(0);
+    ASSERT_TRUE(list && list->childCount() == 5);
+    EXPECT_EQ(list->parent(), &access);
+    QAccessibleInterface* const item = list->child(3);
+    EXPECT_EQ(item->text(QAccessible::Name), "Dash dot");
+    EXPECT_EQ(list->indexOfChild(item), 3);
+    EXPECT_FALSE(item->state().selected);
+    told.Taken();
+    item->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_TRUE(item->state().selected);
+    EXPECT_EQ(box.Widget->Control().GetPenStyle(), psDashDot);
+    EXPECT_EQ(box.Taken(), 1);
+    EXPECT_EQ(told.Taken(), "vDash dot");
+    access.actionInterface()->doAction(QAccessibleActionInterface::showMenuAction());
+    ASSERT_TRUE(box.Widget->Popup());
+    EXPECT_TRUE(access.state().expanded);
+    Press(box.Widget->Popup(), Qt::Key_Up);
+    EXPECT_EQ(told.Lines.last(), "iDot");
+    EXPECT_EQ(list->childAt(item->rect().center().x(), item->rect().center().y()), item);
+
+    TScene<TKxBrushStylesListWidget> scene;
+    scene.Widget->Control().SetBrushStyle(bsHorizontal);
+    EXPECT_EQ(AccessOf(scene.Widget).text(QAccessible::Value), "Horizontal");
+    EXPECT_EQ(AccessOf(scene.Widget).child(0)->text(QAccessible::Name), "Solid");
+}
+
+TEST(EditWidgets, TakeDroppedTextAndMoveTheirOwn)
+{
+    TScene<TKxCaptionEditWidget> scene;
+    TKxCaptionEditWidget* const widget = scene.Widget;
+    widget->SetCaption("ab\\bcd");
+    QMimeData data;
+    data.setText("X\\b");
+    const auto at = [&](int index) {
+        TRect gap = widget->Control().CaretRect();
+        gap.Left = gap.Right = widget->Control().GapX(index);
+        return widget->FromControl(widget->Control(), gap).center();
+    };
+    QDragEnterEvent enter(at(1), Qt::CopyAction | Qt::MoveAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &enter);
+    EXPECT_TRUE(enter.isAccepted());
+    QDropEvent drop(at(1), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &drop);
+    EXPECT_EQ(widget->ValueText(), "aX\\bbcd");
+    EXPECT_EQ(widget->Control().SelectedText(), "X\\b");
+    EXPECT_EQ(scene.Taken(), 1);
+    widget->SetCaption("ab\\bcd\\bef");
+    widget->Control().Select(2, 4);
+    widget->Control().MoveSelection(5);
+    EXPECT_EQ(widget->GetCaption(), "abe\\bcd\\bf");
+    widget->Control().MoveSelection(0);
+    EXPECT_EQ(widget->GetCaption(), "\\bcd\\babef");
+    widget->Control().Undo();
+    widget->Control().Undo();
+    EXPECT_EQ(widget->GetCaption(), "ab\\bcd\\bef");
+    // A click on the selection places the caret, and only then.
+    widget->Control().SelectAll();
+    Mouse(widget, QEvent::MouseButtonPress, at(3));
+    EXPECT_TRUE(widget->Control().HasSelection());
+    Mouse(widget, QEvent::MouseButtonRelease, at(3));
+    EXPECT_FALSE(widget->Control().HasSelection());
+    EXPECT_EQ(widget->Control().CaretPos(), 3);
+    widget->SetReadOnly(true);
+    QDragEnterEvent refused(at(1), Qt::CopyAction, &data, Qt::LeftButton, {});
+    QApplication::sendEvent(widget, &refused);
+    EXPECT_FALSE(refused.isAccepted());
+}
+
+TEST(PickerWidgets, AListWithoutRoomScrollsAndIsSearchedByLetters)
+{
+    TScene<TKxColorPickComboWidget> scene;
+    TKxColorPickComboWidget* const widget = scene.Widget;
+    const QRect screen = widget->screen()->availableGeometry();
+    widget->Control().SetDropDownCount(100);
+    widget->Control().SetItemHeight(screen.height() / 12);
+    scene.Form.move(screen.left(), screen.bottom() - 2 * scene.Form.height());
+    QApplication::processEvents();
+    Press(widget, Qt::Key_F4);
+    ASSERT_TRUE(widget->Popup());
+    TKxDropWidget& window = widget->DropWindow();
+    EXPECT_TRUE(screen.contains(window.geometry()));
+    EXPECT_LE(window.geometry().bottom(), widget->mapToGlobal(QPoint(0, 0)).y());
+    QApplication::processEvents();
+    ASSERT_TRUE(window.ScrollBar().isVisible());
+    Press(&window, Qt::Key_End);
+    EXPECT_EQ(window.ScrollBar().value(), window.ScrollBar().maximum());
+    window.ScrollBar().setValue(2);
+    EXPECT_EQ(window.List().GetTopIndex(), 2);
+    Type(&window, "sk");
+    EXPECT_EQ(widget->ItemName(window.List().GetItemIndex()), "Sky blue");
+    Press(&window, Qt::Key_Escape);
+    EXPECT_EQ(scene.Taken(), 0);
+    EXPECT_EQ(widget->ValueText(), "Black");
+    // In the closed box the same letter goes on to the next one.
+    for (const char* name : {"Bluish green", "Blue", "Button", "Button text"}) {
+        Press(widget, Qt::Key_B, "b");
+        EXPECT_EQ(widget->ValueText(), name);
+    }
+    EXPECT_EQ(scene.Taken(), 4);
     TScene<TKxBrushStylesListWidget> list;
-    spin.Widget->setAccessibleName("Order");
-    spin.Widget->SetValue(3);
-    list.Widget->Control().SetBrushStyle(bsHorizontal);
-    QAccessibleInterface* const access = QAccessible::queryAccessibleInterface(spin.Widget);
-    ASSERT_TRUE(access);
-    EXPECT_EQ(access->role(), QAccessible::SpinBox);
-    EXPECT_EQ(access->text(QAccessible::Name), "Order");
-    EXPECT_EQ(access->text(QAccessible::Value), "3");
-    EXPECT_EQ(QAccessible::queryAccessibleInterface(list.Widget)->text(QAccessible::Value), "Horizontal");
+    list.Widget->setFixedHeight(60);
+    QApplication::processEvents();
+    EXPECT_TRUE(list.Widget->ScrollBar().isVisible());
+    Press(list.Widget, Qt::Key_V, "v");
+    EXPECT_EQ(list.Widget->ValueText(), "Vertical");
+    EXPECT_EQ(list.Taken(), 1);
 }
 
 TEST(ControlWidgets, FollowPaletteAndEnabling)
@@ -262,6 +499,11 @@ TEST(ControlWidgets, FollowPaletteAndEnabling)
         EXPECT_EQ(ground().name(), base.name());
     }
     QApplication::setPalette(before);
+    QPalette own = before;
+    own.setColor(QPalette::Base, QColor(1, 2, 3));
+    scene.Widget->setPalette(own);
+    EXPECT_EQ(ground().name(), "#010203");
+    scene.Widget->setPalette(before);
     scene.Widget->setEnabled(false);
     EXPECT_EQ(ground().name(), before.color(QPalette::Window).name());
     Type(scene.Widget, "5");
