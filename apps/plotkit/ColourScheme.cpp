@@ -1,5 +1,6 @@
 #include "plotkit/ColourScheme.h"
 
+#include <algorithm>
 #include <vector>
 
 namespace plotkit {
@@ -71,6 +72,12 @@ std::vector<TColor> ColoursOf(const TColourScheme& scheme)
     return colours;
 }
 
+TColor Counterpart(TColor colour, const std::vector<TColor>& from, const std::vector<TColor>& to)
+{
+    const auto found = std::ranges::find(from, colour);
+    return found == from.end() ? colour : to[static_cast<std::size_t>(found - from.begin())];
+}
+
 void Recolour(TPersistent& object, const std::vector<TColor>& from, const std::vector<TColor>& to)
 {
     for (const TPropertyRow& row : AllProperties(object.ClassInfo())) {
@@ -78,12 +85,10 @@ void Recolour(TPersistent& object, const std::vector<TColor>& from, const std::v
             Recolour(row.SubObject(object), from, to);
         if (row.Kind != pkColor)
             continue;
-        const auto present = std::get<std::int64_t>(row.Get(object));
-        for (std::size_t i = 0; i < from.size(); ++i)
-            if (present == ColorToInt(from[i])) {
-                row.Set(object, static_cast<std::int64_t>(ColorToInt(to[i])));
-                break;
-            }
+        const auto present = static_cast<TColor>(std::get<std::int64_t>(row.Get(object)));
+        const TColor wanted = Counterpart(present, from, to);
+        if (wanted != present)
+            row.Set(object, static_cast<std::int64_t>(ColorToInt(wanted)));
     }
 }
 
@@ -97,6 +102,11 @@ const TColourScheme& LightScheme()
 const TColourScheme& DarkScheme()
 {
     return Dark;
+}
+
+TColor Counterpart(TColor colour, const TColourScheme& from, const TColourScheme& to)
+{
+    return Counterpart(colour, ColoursOf(from), ColoursOf(to));
 }
 
 void Recolour(TForm& form, const TColourScheme& from, const TColourScheme& to)

@@ -20,6 +20,8 @@ struct TColourScheme
 const TColourScheme& LightScheme();
 const TColourScheme& DarkScheme();
 
+/// What stands in `to` for a colour of `from`; other colours stay.
+TColor Counterpart(TColor colour, const TColourScheme& from, const TColourScheme& to);
 /// Every colour of the form's components that stands in `from` becomes its counterpart in `to`; others stay.
 void Recolour(TForm& form, const TColourScheme& from, const TColourScheme& to);
 

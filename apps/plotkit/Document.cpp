@@ -227,6 +227,21 @@ void TDocument::Choose(int x, const std::vector<int>& ys)
     Build(options);
 }
 
+TKxAxScaling TDocument::ScalingFor(bool isX, TScaleChoice scale) const
+{
+    return ScalingOf(scale, FChoice.X.IsDateTime && isX != FOptions.Kind.Horizontal);
+}
+
+TScaleChoice TDocument::Scale(bool isX) const
+{
+    const TKxAxis& axis = isX ? *FPlot.Graph->GetPrimaryXAxis() : *FPlot.Graph->GetPrimaryYAxis();
+    const TScaleChoice wished = isX ? FOptions.XScale : FOptions.YScale;
+    for (const TScaleChoice choice : {wished, scLinear, scLog, scLogEE})
+        if (ScalingFor(isX, choice) == axis.GetScaling())
+            return choice;
+    return scTime;
+}
+
 void TDocument::SetScales(TScaleChoice x, TScaleChoice y)
 {
     TOptions options = FOptions;

@@ -36,6 +36,10 @@ public:
     std::vector<int> YColumns() const;
     std::vector<std::string> YNames() const;
 
+    /// What a scale shows, whoever has chosen it, and what a choice makes of it.
+    TScaleChoice Scale(bool isX) const;
+    TKxAxScaling ScalingFor(bool isX, TScaleChoice scale) const;
+
     // Each makes a new graph in the place of the present one.
     /// An `x` of -1 leaves the choice to the program.
     void Choose(int x, const std::vector<int>& ys);

@@ -2,7 +2,6 @@
 
 #include <algorithm>
 
-#include "calculated/KxCalculatedSeries.h"
 #include "design/LookHidden.h"
 #include "design/LookPages.h"
 #include "design/LookTree.h"
@@ -20,24 +19,13 @@ constexpr std::size_t Unreachable = static_cast<std::size_t>(-1);
 /// widens may have been painted before everything stood.
 constexpr int RestoringPasses = 3;
 
-/// Whether a number follows from others as the part stands; setting it would take it out of their hands.
-bool IsDerived(const TLookProperty& property)
-{
-    if (property.Row->Kind != pkReal || !property.Row->StoredWhen)
-        return false;
-    const auto* series = dynamic_cast<const TKxCalculatedSeries*>(property.Object);
-    const bool coupled =
-        series && series->GetCoupleCalculationAndDisplay() && property.Row->Name.starts_with("Display");
-    return coupled || !property.Row->StoredWhen(*property.Object);
-}
-
 /// Ends, ticks and sizes that follow a change stand once the graph has been painted.
-void Settle(TKx2DGraph& graph)
+void Settle(TKx2DGraph& graph, bool always = false)
 {
     TWindowControl* root = &graph;
     while (root->Parent())
         root = root->Parent();
-    if (root->IsRoot())
+    if (root->IsRoot() && (always || root->NeedsPaint()))
         root->Picture();
 }
 
@@ -53,49 +41,40 @@ TLookHistory::~TLookHistory()
     BeginDestroy();
 }
 
-TLookHistory::TSnapshot TLookHistory::Snapshot() const
+TLookHistory::TNamed TLookHistory::Named(TComponent* part)
 {
-    TSnapshot snapshot;
-    for (TComponent* part : LookParts(LookTree(*FGraph))) {
-        TPartStates states{part, LookPaths(*part), {}, HiddenLook(*part)};
-        for (const std::string& path : states.Paths) {
-            const TLookProperty property = FindLookProperty(*part, path);
-            states.States.push_back(IsDerived(property) ? TLookValue(nullptr) : property.Value());
-        }
-        snapshot.push_back(std::move(states));
-    }
-    return snapshot;
+    if (!part)
+        return {};
+    WatchFor(part);
+    return {part, part->GetName(), &part->ClassInfo()};
 }
 
-std::vector<TLookHistory::TDifference> TLookHistory::Differences(const TSnapshot& before, const TSnapshot& after)
+TLookHistory::TDifferences TLookHistory::Changes()
 {
-    std::vector<TDifference> differences;
-    for (const TPartStates& old : before) {
-        const auto now = std::ranges::find(after, old.Part, &TPartStates::Part);
-        if (now == after.end())
-            continue;
-        for (std::size_t i = 0; i < old.States.size(); ++i)
-            if (old.States[i] != now->States[i])
-                differences.push_back({old.Part, old.Paths[i], old.States[i], now->States[i]});
-        if (old.Hidden != now->Hidden)
-            differences.push_back({old.Part, "", TPropertyValue(old.Hidden), TPropertyValue(now->Hidden)});
-    }
+    const auto side = [this](TLookValue& value) {
+        TComponent** const link = std::get_if<TComponent*>(&value);
+        TNamed named = link ? Named(*link) : TNamed{};
+        return TSide{std::move(value), std::move(named)};
+    };
+    TDifferences differences;
+    for (TLookDifference& change : FStates.Changes(*FGraph))
+        differences.push_back({Named(change.Part), std::move(change.Path), side(change.Before), side(change.After)});
     return differences;
 }
 
-TLookHistory::TStep TLookHistory::Recorded(const std::string& text, const std::function<void()>& action)
+TLookHistory::TDifferences TLookHistory::Recorded(const std::function<void()>& action)
 {
-    Settle(*FGraph);
-    const TSnapshot before = Snapshot();
+    Settle(*FGraph, !std::exchange(FIsSettled, true));
+    FStates.Follow(*FGraph);
     try {
         const TKxGraphUpdate update(FGraph);
         action();
     } catch (...) {
-        Restore(Differences(before, Snapshot()), &TDifference::Before);
+        Restore(Changes(), &TDifference::Before);
         throw;
     }
     Settle(*FGraph);
-    return {text, nullptr, "", Differences(before, Snapshot())};
+    return Changes();
 }
 
 void TLookHistory::Change(TComponent& component, std::string_view path, const TLookValue& value, bool joins)
@@ -112,11 +91,8 @@ void TLookHistory::Change(TComponent& component, std::string_view path, const TL
     };
     if (joins && Joins(component, path))
         return ChangeAgain(set);
-    TStep step = Recorded(LookRowName(component, path) + " of " + LookName(component), set);
-    step.Part = &component;
-    step.Path = path;
-    step.Joins = joins;
-    Append(std::move(step));
+    const std::string text = LookRowName(component, path) + " of " + LookName(component);
+    Append({text, Named(&component), std::string(path), Recorded(set), joins});
 }
 
 bool TLookHistory::Joins(const TComponent& component, std::string_view path) const
@@ -124,25 +100,34 @@ bool TLookHistory::Joins(const TComponent& component, std::string_view path) con
     if (FSteps.empty() || FDone != FSteps.size() || FApplied == FDone)
         return false;
     const TStep& last = FSteps.back();
-    return last.Joins && last.Part == &component && last.Path == path;
+    return last.Joins && last.Part.Part == &component && last.Path == path;
 }
 
 void TLookHistory::ChangeAgain(const std::function<void()>& action)
 {
     TStep& last = FSteps.back();
-    Restore(last.Differences, &TDifference::Before);
+    // Nothing but the property itself has changed: it can be set again as it stands.
+    const bool isAlone = last.Differences.size() == 1 && last.Differences.front().Path == last.Path;
+    if (!isAlone)
+        Restore(last.Differences, &TDifference::Before);
     try {
-        last.Differences = Recorded(last.Text, action).Differences;
+        TDifferences changes = Recorded(action);
+        const auto again = std::ranges::find(changes, last.Path, &TDifference::Path);
+        if (isAlone && again != changes.end() && again->Part.Part == last.Part.Part) {
+            again->Before = last.Differences.front().Before;
+            if (again->Before.Value == again->After.Value)
+                changes.erase(again);
+        } else if (isAlone) {
+            changes.push_back(last.Differences.front());
+        }
+        last.Differences = std::move(changes);
     } catch (...) {
-        Restore(last.Differences, &TDifference::After);
+        if (!isAlone)
+            Restore(last.Differences, &TDifference::After);
         throw;
     }
-    for (const TDifference& difference : last.Differences)
-        Watch(difference);
-    if (last.Differences.empty()) {
-        FSteps.pop_back();
-        --FDone;
-    }
+    if (last.Differences.empty())
+        Drop(FSteps.size() - 1);
     OnChanged();
 }
 
@@ -155,15 +140,7 @@ void TLookHistory::EndJoining()
 void TLookHistory::Perform(const std::string& text, const std::function<void()>& action)
 {
     if (FGraph)
-        Append(Recorded(text, action));
-}
-
-void TLookHistory::Watch(const TDifference& difference)
-{
-    WatchFor(difference.Part);
-    for (const TLookValue* value : {&difference.Before, &difference.After})
-        if (const auto* link = std::get_if<TComponent*>(value))
-            WatchFor(*link);
+        Append({text, {}, "", Recorded(action)});
 }
 
 void TLookHistory::Append(TStep step)
@@ -173,38 +150,42 @@ void TLookHistory::Append(TStep step)
     if (FApplied > FDone)
         FApplied = Unreachable;
     FSteps.resize(FDone);
-    for (const TDifference& difference : step.Differences)
-        Watch(difference);
     FSteps.push_back(std::move(step));
     ++FDone;
     OnChanged();
 }
 
-bool TLookHistory::SetStates(const std::vector<TDifference>& differences, TLookValue TDifference::*side)
+bool TLookHistory::SetStates(const TDifferences& differences, TSide TDifference::*side)
 {
     const TKxGraphUpdate update(FGraph);
     bool stood = true;
     for (const TDifference& difference : differences) {
-        const TLookValue& value = difference.*side;
+        if (difference.IsGone())
+            continue;
+        TComponent& part = *difference.Part.Part;
+        const TSide& wanted = difference.*side;
         if (difference.Path.empty()) {
-            const std::string& hidden = std::get<std::string>(std::get<TPropertyValue>(value));
-            if (HiddenLook(*difference.Part) == hidden)
+            const std::string& hidden = std::get<std::string>(std::get<TPropertyValue>(wanted.Value));
+            if (HiddenLook(part) == hidden)
                 continue;
-            SetHiddenLook(*difference.Part, hidden);
+            SetHiddenLook(part, hidden);
         } else {
-            const TLookProperty property = FindLookProperty(*difference.Part, difference.Path);
-            const bool derived = property.Row->Kind != pkReference && std::holds_alternative<TComponent*>(value);
+            const TLookProperty property = FindLookProperty(part, difference.Path);
+            const bool isLink = property.Row->Kind == pkReference;
+            const bool derived = !isLink && std::holds_alternative<TComponent*>(wanted.Value);
+            const TLookValue value = isLink ? TLookValue(wanted.Link.Part) : wanted.Value;
             if (derived || property.Value() == value)
                 continue;
             property.SetValue(value);
         }
         stood = false;
     }
-    FGraph->World().ReorderSeriesList();
+    if (!stood)
+        FGraph->World().ReorderSeriesList();
     return stood;
 }
 
-void TLookHistory::Restore(const std::vector<TDifference>& differences, TLookValue TDifference::*side)
+void TLookHistory::Restore(const TDifferences& differences, TSide TDifference::*side)
 {
     for (int pass = 0; pass < RestoringPasses && !SetStates(differences, side); ++pass)
         Settle(*FGraph);
@@ -212,7 +193,7 @@ void TLookHistory::Restore(const std::vector<TDifference>& differences, TLookVal
 
 void TLookHistory::Undo()
 {
-    if (!FGraph || !CanUndo())
+    if (!CanUndo())
         return;
     --FDone;
     Restore(FSteps[FDone].Differences, &TDifference::Before);
@@ -221,7 +202,7 @@ void TLookHistory::Undo()
 
 void TLookHistory::Redo()
 {
-    if (!FGraph || !CanRedo())
+    if (!CanRedo())
         return;
     Restore(FSteps[FDone].Differences, &TDifference::After);
     ++FDone;
@@ -238,18 +219,117 @@ void TLookHistory::Revert()
         Redo();
 }
 
+void TLookHistory::Hold()
+{
+    FHeld.clear();
+    for (std::size_t i = 0; i < FDone; ++i) {
+        const TStep& step = FSteps[i];
+        // Captions are more than their property.
+        if (!step.Part.Part || step.Path == "Caption")
+            continue;
+        const TLookProperty property = FindLookProperty(*step.Part.Part, step.Path);
+        if (property.IsDerived())
+            continue;
+        TSide standing{property.Value(), {}};
+        if (TComponent** const link = std::get_if<TComponent*>(&standing.Value))
+            standing.Link = Named(*link);
+        FHeld.push_back({step.Part, step.Path, standing, standing});
+    }
+}
+
+std::size_t TLookHistory::GoOnWith(TKx2DGraph& graph, const std::function<TColor(TColor)>& exchange)
+{
+    FGraph = &graph;
+    WatchFor(&graph);
+    FIsSettled = false;
+    EndJoining();
+    ForEachNamed([](TNamed& named) { named.Part = nullptr; });
+    const std::size_t dropped = FindParts();
+    if (exchange) {
+        ExchangeColors(exchange, FHeld);
+        for (TStep& step : FSteps)
+            ExchangeColors(exchange, step.Differences);
+    }
+    SetStates(FHeld, &TDifference::After);
+    FHeld.clear();
+    return dropped;
+}
+
+std::size_t TLookHistory::FindParts()
+{
+    std::map<std::string_view, TComponent*> parts;
+    for (TComponent* part : LookParts(*FGraph))
+        if (!part->GetName().empty())
+            parts.emplace(part->GetName(), part);
+    ForEachNamed([&](TNamed& named) {
+        if (!named.IsGone())
+            return;
+        const auto found = parts.find(named.Name);
+        if (named.Class->IsA(TKx2DGraph::Class))
+            named.Part = FGraph;
+        else if (found != parts.end() && &found->second->ClassInfo() == named.Class)
+            named.Part = found->second;
+        WatchFor(named.Part);
+    });
+    return DropWhatIsGone();
+}
+
+template <class TAction>
+void TLookHistory::ForEachNamed(const TAction& action)
+{
+    const auto visit = [&](TDifferences& differences) {
+        for (TDifference& difference : differences)
+            for (TNamed* named : {&difference.Part, &difference.Before.Link, &difference.After.Link})
+                action(*named);
+    };
+    visit(FHeld);
+    for (TStep& step : FSteps) {
+        action(step.Part);
+        visit(step.Differences);
+    }
+}
+
+std::size_t TLookHistory::DropWhatIsGone()
+{
+    std::size_t dropped = 0;
+    for (std::size_t i = FSteps.size(); i-- > 0;) {
+        if (std::erase_if(FSteps[i].Differences, [](const TDifference& one) { return one.IsGone(); }) > 0)
+            ++dropped;
+        if (FSteps[i].Differences.empty())
+            Drop(i);
+    }
+    return dropped;
+}
+
+void TLookHistory::Drop(std::size_t step)
+{
+    FSteps.erase(FSteps.begin() + static_cast<std::ptrdiff_t>(step));
+    if (step < FDone)
+        --FDone;
+    if (FApplied != Unreachable && step < FApplied)
+        --FApplied;
+}
+
+void TLookHistory::ExchangeColors(const std::function<TColor(TColor)>& exchange, TDifferences& differences)
+{
+    for (TDifference& difference : differences) {
+        if (difference.Path.empty() || difference.IsGone())
+            continue;
+        if (FindLookProperty(*difference.Part.Part, difference.Path).Row->Kind != pkColor)
+            continue;
+        for (TSide* side : {&difference.Before, &difference.After}) {
+            auto& color = std::get<std::int64_t>(std::get<TPropertyValue>(side->Value));
+            color = ColorToInt(exchange(static_cast<TColor>(color)));
+        }
+    }
+}
+
 void TLookHistory::Forget(const TComponent* part)
 {
-    const auto isOfPart = [&](const TDifference& difference) {
-        return difference.Part == part ||
-               (std::holds_alternative<TComponent*>(difference.Before) &&
-                (std::get<TComponent*>(difference.Before) == part || std::get<TComponent*>(difference.After) == part));
-    };
-    for (TStep& step : FSteps) {
-        std::erase_if(step.Differences, isOfPart);
-        if (step.Part == part)
-            step.Part = nullptr;
-    }
+    ForEachNamed([part](TNamed& named) {
+        if (named.Part == part)
+            named.Part = nullptr;
+    });
 }
 
 void TLookHistory::Notification(TComponent* component, TOperation operation)

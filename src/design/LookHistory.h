@@ -4,14 +4,14 @@
 #include <functional>
 #include <vector>
 
-#include "design/LookProperty.h"
+#include "design/LookStates.h"
 
 namespace plotkit {
 
 class TKx2DGraph;
 
 /// Each step keeps all values of the graph's parts that changed with it, so that what setters change besides comes back
-/// too. Parts that have gone meanwhile are left out.
+/// too. Parts that go take their changes with them, unless others of the same names and classes come in their places.
 class TLookHistory : public TComponent
 {
 public:
@@ -20,6 +20,14 @@ public:
 
     /// nullptr once it is gone.
     TKx2DGraph* Graph() const { return FGraph; }
+    /// Before the graph is made anew: what has been changed is to stand in the new one as it stands now.
+    void Hold();
+    /// The graph was made anew, perhaps gone already: the steps go on for the parts of the same names and classes.
+    /// `exchange`, if any, says which colours the new one has in place of the old one's. Returns how many steps can no
+    /// longer be undone, or not wholly, since parts are gone.
+    std::size_t GoOnWith(TKx2DGraph& graph, const std::function<TColor(TColor)>& exchange = {});
+    /// Parts have come or gone: what was changed of those that were only made anew stays. Returns as GoOnWith.
+    std::size_t FindParts();
 
     /// Sets a property. Steps that `joins` and change the same property as the step before become one: typing and
     /// dragging are undone together, and what half-typed values did to other properties is taken back. Nothing happens
@@ -31,8 +39,8 @@ public:
     /// Any other change of the look as one step.
     void Perform(const std::string& text, const std::function<void()>& action);
 
-    bool CanUndo() const { return FDone > 0; }
-    bool CanRedo() const { return FDone < FSteps.size(); }
+    bool CanUndo() const { return FGraph && FDone > 0; }
+    bool CanRedo() const { return FGraph && FDone < FSteps.size(); }
     void Undo();
     void Redo();
     /// What the next undo or redo takes back or brings again: "Color of Series: a"; empty when there is none.
@@ -54,45 +62,61 @@ protected:
     void Notification(TComponent* component, TOperation operation) override;
 
 private:
-    struct TPartStates
+    /// A component that is found again by its name.
+    struct TNamed
     {
-        TComponent* Part;
-        std::vector<std::string> Paths;
-        std::vector<TLookValue> States;  ///< one for each path; nullptr for a number that follows from others
-        std::string Hidden;
+        TComponent* Part = nullptr;
+        std::string Name;
+        const TClassInfo* Class = nullptr;  ///< nullptr for no component at all
+
+        bool IsGone() const { return Class && !Part; }
     };
-    using TSnapshot = std::vector<TPartStates>;
+    struct TSide
+    {
+        TLookValue Value;
+        TNamed Link;  ///< in place of a value that is a component
+    };
     struct TDifference
     {
-        TComponent* Part;
-        std::string Path;  ///< empty for the hidden state
-        TLookValue Before, After;
+        TNamed Part;
+        std::string Path;
+        TSide Before, After;
+
+        bool IsGone() const { return Part.IsGone() || Before.Link.IsGone() || After.Link.IsGone(); }
     };
+    using TDifferences = std::vector<TDifference>;
     struct TStep
     {
         std::string Text;
-        TComponent* Part = nullptr;  ///< that a property was changed of
+        TNamed Part;  ///< that a property was changed of
         std::string Path;
-        std::vector<TDifference> Differences;
+        TDifferences Differences;
         bool Joins = false;
     };
 
-    TSnapshot Snapshot() const;
-    static std::vector<TDifference> Differences(const TSnapshot& before, const TSnapshot& after);
-    TStep Recorded(const std::string& text, const std::function<void()>& action);
+    TNamed Named(TComponent* part);
+    TDifferences Changes();
+    TDifferences Recorded(const std::function<void()>& action);
     /// False when something stood otherwise.
-    bool SetStates(const std::vector<TDifference>& differences, TLookValue TDifference::*side);
-    void Restore(const std::vector<TDifference>& differences, TLookValue TDifference::*side);
+    bool SetStates(const TDifferences& differences, TSide TDifference::*side);
+    void Restore(const TDifferences& differences, TSide TDifference::*side);
     void Append(TStep step);
     bool Joins(const TComponent& component, std::string_view path) const;
     void ChangeAgain(const std::function<void()>& action);
-    void Watch(const TDifference& difference);
+    template <class TAction>
+    void ForEachNamed(const TAction& action);
+    void ExchangeColors(const std::function<TColor(TColor)>& exchange, TDifferences& differences);
+    std::size_t DropWhatIsGone();
+    void Drop(std::size_t step);
     void Forget(const TComponent* part);
 
     TKx2DGraph* FGraph;
+    TLookStates FStates;
     std::vector<TStep> FSteps;
+    TDifferences FHeld;
     std::size_t FDone = 0;     ///< steps that are not undone
     std::size_t FApplied = 0;  ///< -1 when no steps lead back there
+    bool FIsSettled = false;   ///< painted once, and since whenever that was wanted
 };
 
 }  // namespace plotkit

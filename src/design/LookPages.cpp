@@ -19,15 +19,29 @@ using TTexts = std::string_view;
 
 constexpr double MaxPixels = 1000;
 constexpr double MaxPen = 100;
+constexpr double MaxPlace = 10000;
 
 constexpr std::array<TTexts, 5> PositionTexts{"Bottom", "Left", "Top", "Right", "Floating"};
 constexpr std::array<TTexts, 3> EndTexts{"Follows the data", "Only widens", "Fixed"};
 constexpr std::array<TTexts, 4> ScalingTexts{"Linear", "Logarithmic", "Logarithmic, powers of ten", "Date and time"};
 constexpr std::array<TTexts, 3> AlignmentTexts{"Left", "Right", "Centred"};
 
-constexpr TLookRow Number(TTexts path, TTexts text, double min, double max)
+constexpr TLookRow Number(TTexts path, TTexts text, double min, double max, TTexts unit = {})
 {
-    return {path, text, leByKind, min, max};
+    TLookRow row{path, text, leByKind, min, max};
+    row.Unit = unit;
+    return row;
+}
+/// In pixels of a plain screen, 1/96 inch.
+constexpr TLookRow Pixels(TTexts path, TTexts text, double max, double min = 0)
+{
+    return Number(path, text, min, max, "px");
+}
+constexpr TLookRow Angle(TTexts path, TTexts text)
+{
+    TLookRow row = Number(path, text, -359.9, 359.9, "°");
+    row.Editor = leTenths;
+    return row;
 }
 constexpr TLookRow Choice(TTexts path, TTexts text, std::span<const TTexts> choices)
 {
@@ -43,7 +57,7 @@ constexpr TLookRow When(TLookRow row, TTexts needs, TTexts value)
 }
 
 constexpr std::array FontRows{
-    TLookRow{"Name", "Font", leFontName}, Number("Size", "Size", 1, 200),
+    TLookRow{"Name", "Font", leFontName}, Number("Size", "Size", 1, 200, "pt"),
     TLookRow{"Color", "Colour"},          TLookRow{"Bold", "Bold"},
     TLookRow{"Italic", "Italic"},         TLookRow{"Underline", "Underline"},
     TLookRow{"StrikeOut", "Struck out"},
@@ -52,7 +66,7 @@ constexpr std::array LineRows{
     TLookRow{"Visible", "Shown"},
     TLookRow{"Color", "Colour"},
     TLookRow{"Style", "Style", leLineStyle},
-    Number("Width", "Width", 0, MaxPen),
+    Pixels("Width", "Width", MaxPen),
 };
 constexpr std::array AreaRows{
     TLookRow{"Visible", "Shown"},
@@ -64,8 +78,8 @@ constexpr std::array PointRows{
     TLookRow{"Visible", "Shown"},
     TLookRow{"Color", "Colour"},
     TLookRow{"Style", "Symbol", lePointSymbol},
-    Number("Size", "Size", 0, MaxPixels),
-    Number("Width", "Line width", 0, MaxPen),
+    Pixels("Size", "Size", MaxPixels),
+    Pixels("Width", "Line width", MaxPen),
 };
 
 constexpr std::array GraphRows{
@@ -79,6 +93,7 @@ constexpr std::array GraphRows{
 constexpr std::array AxisScaleRows{
     TLookRow{"Caption", "Caption", leCaption},
     TLookRow{"ShowCaption", "Show the caption"},
+    TLookRow{"Visible", "Show the axis"},
     Choice("Scaling", "Scale", ScalingTexts),
     Choice("StartEnd", "Lower end", EndTexts),
     When({"Start", "From", leAxisValue}, "StartEnd", "AxFixed"),
@@ -86,6 +101,8 @@ constexpr std::array AxisScaleRows{
     When({"Stop", "To", leAxisValue}, "StopEnd", "AxFixed"),
     TLookRow{"Twisted", "Reversed"},
     Choice("Position", "Position", PositionTexts),
+    When(Pixels("Left", "From the left", MaxPlace, -MaxPlace), "Position", "AxFreeFloating"),
+    When(Pixels("Top", "From the top", MaxPlace, -MaxPlace), "Position", "AxFreeFloating"),
     TLookRow{"IsSlaveAxis", "Follows another axis"},
     When({"MasterAxis", "Followed axis"}, "IsSlaveAxis", "True"),
 };
@@ -94,24 +111,24 @@ constexpr std::array AxisTickRows{
     When(Number("TickPart", "Step", 0, 1e9), "AutoTicks", "False"),
     When(Number("MajorTickPart", "Step of long ticks", 0, 1e9), "AutoTicks", "False"),
     When(Number("LabelPart", "Step of labels", 0, 1e9), "AutoTicks", "False"),
-    Number("TickLength", "Length", -MaxPen, MaxPen),
-    Number("MajorTickLength", "Length of long ticks", -MaxPen, MaxPen),
-    Number("TickThicknes", "Width", 0, MaxPen),
-    Number("MajorTickThicknes", "Width of long ticks", 0, MaxPen),
-    Number("AxisThicknes", "Width of the axis", 0, MaxPen),
+    Pixels("TickLength", "Length", MaxPen, -MaxPen),
+    Pixels("MajorTickLength", "Length of long ticks", MaxPen, -MaxPen),
+    Pixels("TickThicknes", "Width", MaxPen),
+    Pixels("MajorTickThicknes", "Width of long ticks", MaxPen),
+    Pixels("AxisThicknes", "Width of the axis", MaxPen),
     TLookRow{"TickColor", "Colour"},
     TLookRow{"MajorTickColor", "Colour of long ticks"},
     TLookRow{"AxisColor", "Colour of the axis"},
 };
 constexpr std::array AxisLabelRows{
     TLookRow{"ShowScaleLabels", "Show labels"},
-    Number("MaxExpForScaleExp", "Exponent from 10 to the power of", -300, 300),
-    Number("MinExpForScaleExp", "Exponent up to 10 to the power of", -300, 300),
-    Number("ScalingsTicksGap", "Gap to the ticks", 0, MaxPixels),
-    Number("CaptionScalingsGap", "Gap to the caption", 0, MaxPixels),
-    Number("BorderCaptionGap", "Gap behind the caption", 0, MaxPixels),
-    Number("ExponentScalingsGap", "Gap to the exponent", 0, MaxPixels),
-    Number("ValuesTicksGap", "Gap between labels", 0, MaxPixels),
+    Number("MaxExpForScaleExp", "Common power of ten above exponent", -300, 300),
+    Number("MinExpForScaleExp", "Common power of ten below exponent", -300, 300),
+    Pixels("ScalingsTicksGap", "Gap to the ticks", MaxPixels),
+    Pixels("CaptionScalingsGap", "Gap to the caption", MaxPixels),
+    Pixels("BorderCaptionGap", "Gap behind the caption", MaxPixels),
+    Pixels("ExponentScalingsGap", "Gap to the exponent", MaxPixels),
+    Pixels("ValuesTicksGap", "Gap between labels", MaxPixels),
     TLookRow{"AutoSize", "Automatic size"},
     TLookRow{"Transparent", "Transparent"},
     When({"Color", "Background"}, "Transparent", "False"),
@@ -122,6 +139,21 @@ constexpr std::array SeriesRows{
     TLookRow{"XAxis", "X axis"},
     TLookRow{"YAxis", "Y axis"},
 };
+constexpr std::array ErrorRows{
+    TLookRow{"ErrorIndicatorsColor", "Colour"},
+};
+constexpr std::array BarRows{
+    TLookRow{"BarHorizontal", "Horizontal"},
+    Number("BarsGapPercent", "Gap on both sides", 0, 100, "%"),
+    TLookRow{"ShiftOverlays", "Series beside each other"},
+    TLookRow{"StackOverlays", "Series on top of each other"},
+    TLookRow{"Show3DBars", "With depth"},
+    When(Number("DepthPercent", "Depth", 0, 1000, "%"), "Show3DBars", "True"),
+};
+constexpr std::array ArrowRows{
+    Pixels("TipLength", "Length of the tip", MaxPixels, 1),
+    Pixels("TipWidth", "Half width of the tip", MaxPixels),
+};
 constexpr std::array CurveRows{
     Number("Order", "Order", 1, 50),
     TLookRow{"Expression", "Formula"},
@@ -131,6 +163,7 @@ constexpr std::array CurveRows{
     TLookRow{"DoSmoothing", "Smoothed"},
     When(Number("SmoothRange", "Points on each side", 0, 1e9), "DoSmoothing", "True"),
     Number("WeightFactor", "Smoothness", 0, 1e300),
+    TLookRow{"ParentWeight", "Weighted as its series"},
     TLookRow{"AutoStart", "Calculated from the first point"},
     When({"CalculationStart", "Calculated from", leAxisValue}, "AutoStart", "False"),
     TLookRow{"AutoStop", "Calculated to the last point"},
@@ -147,7 +180,9 @@ constexpr std::array LabelRows{
     Number("Digits", "Digits", 0, 18),
     TLookRow{"Series", "Of"},
     Choice("Alignment", "Alignment", AlignmentTexts),
-    TLookRow{"Angle", "Angle", leTenths, -359.9, 359.9},
+    Angle("Angle", "Angle"),
+    Pixels("XPosition", "From the left", MaxPlace, -MaxPlace),
+    Pixels("Top", "From the top", MaxPlace, -MaxPlace),
     TLookRow{"Transparent", "Transparent"},
     When({"Color", "Background"}, "Transparent", "False"),
     TLookRow{"Visible", "Shown"},
@@ -155,15 +190,17 @@ constexpr std::array LabelRows{
 constexpr std::array LegendRows{
     TLookRow{"Visible", "Shown"},
     Choice("InGraphPosition", "Position", PositionTexts),
+    When(Pixels("Left", "From the left", MaxPlace, -MaxPlace), "InGraphPosition", "AxFreeFloating"),
+    When(Pixels("Top", "From the top", MaxPlace, -MaxPlace), "InGraphPosition", "AxFreeFloating"),
     TLookRow{"Transparent", "Transparent"},
     When({"Color", "Background"}, "Transparent", "False"),
     TLookRow{"ClickHides", "A click hides the series"},
-    Number("SampleWidth", "Width of the samples", 0, MaxPixels),
-    Number("SampleCaptionGap", "Gap behind the samples", 0, MaxPixels),
-    Number("RowGap", "Gap between rows", 0, MaxPixels),
-    Number("ColumnGap", "Gap between columns", 0, MaxPixels),
-    Number("InsideGap", "Gap inside the frame", 0, MaxPixels),
-    Number("OutsideGap", "Gap outside the frame", 0, MaxPixels),
+    Pixels("SampleWidth", "Width of the samples", MaxPixels),
+    Pixels("SampleCaptionGap", "Gap behind the samples", MaxPixels),
+    Pixels("RowGap", "Gap between rows", MaxPixels),
+    Pixels("ColumnGap", "Gap between columns", MaxPixels),
+    Pixels("InsideGap", "Gap inside the frame", MaxPixels),
+    Pixels("OutsideGap", "Gap outside the frame", MaxPixels),
     TLookRow{"AutoSize", "Automatic size"},
 };
 
@@ -184,8 +221,13 @@ constexpr std::array AxisPages{
     TLookPage{"Caption font", "CaptionFont.", FontRows},
 };
 constexpr std::array SeriesPages{
-    TLookPage{"Series", "", SeriesRows},           TLookPage{"Line", "LineStyle.", LineRows},
-    TLookPage{"Points", "PointStyle.", PointRows}, TLookPage{"Area", "AreaStyle.", AreaRows},
+    TLookPage{"Series", "", SeriesRows},
+    TLookPage{"Line", "LineStyle.", LineRows},
+    TLookPage{"Points", "PointStyle.", PointRows},
+    TLookPage{"Area", "AreaStyle.", AreaRows},
+    TLookPage{"Error bars", "", ErrorRows},
+    TLookPage{"Bars", "", BarRows},
+    TLookPage{"Arrows", "", ArrowRows},
     TLookPage{"Calculation", "", CurveRows},
 };
 constexpr std::array LabelPages{
@@ -250,7 +292,7 @@ std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component
 {
     const auto* standing = std::get<TComponent*>(FindLookProperty(component, path).Value());
     std::vector<TComponent*> candidates;
-    for (TComponent* part : LookParts(LookTree(graph))) {
+    for (TComponent* part : LookParts(graph)) {
         const auto* axis = dynamic_cast<const TKxAxis*>(part);
         const bool fits = path == "XAxis"        ? axis && axis->Orientation() == AxHorizontal
                           : path == "YAxis"      ? axis && axis->Orientation() == AxVertical

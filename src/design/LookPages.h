@@ -38,6 +38,7 @@ struct TLookRow
     std::span<const std::string_view> Choices = {};  ///< texts for the values of an enumeration
     std::string_view Needs = {};                     ///< has an effect only while this property, below the prefix too,
     std::string_view NeedsValue = {};                ///< has this value, written as in files
+    std::string_view Unit = {};
 };
 
 struct TLookPage

@@ -27,6 +27,9 @@ std::vector<TPart*> PartsIn(TKx2DGraph& graph)
 
 std::string KindOf(const TComponent& component)
 {
+    // Of series there may be thousands.
+    if (const auto* series = dynamic_cast<const TKxSeries*>(&component))
+        return series->IsCalculated() ? "Curve" : "Series";
     if (const auto* axis = dynamic_cast<const TKxAxis*>(&component))
         return axis->Orientation() == AxHorizontal ? "X axis" : "Y axis";
     if (dynamic_cast<const TKx2DGraph*>(&component))
@@ -35,17 +38,16 @@ std::string KindOf(const TComponent& component)
         return "Legend";
     if (dynamic_cast<const TKxResultLabel*>(&component))
         return "Result";
-    if (dynamic_cast<const TKxCustomLabel*>(&component))
-        return "Label";
-    const auto* series = dynamic_cast<const TKxSeries*>(&component);
-    return series && series->IsCalculated() ? "Curve" : "Series";
+    return dynamic_cast<const TKxCustomLabel*>(&component) ? "Label" : "Series";
 }
 
 std::string CaptionOf(const TComponent& component)
 {
     const auto* series = dynamic_cast<const TKxPlottable*>(&component);
-    const auto* control = dynamic_cast<const TControl*>(&component);
-    std::string text = GetStrippedString(series ? series->GetCaption() : control ? control->GetText() : "");
+    const auto* control = series ? nullptr : dynamic_cast<const TControl*>(&component);
+    std::string text = series ? series->GetCaption() : control ? control->GetText() : "";
+    if (text.find('\\') != text.npos)
+        text = GetStrippedString(text);
     std::ranges::replace(text, '\n', ' ');
     return text.empty() ? component.GetName() : text;
 }
@@ -148,11 +150,19 @@ TComponent& LookPartAt(TKx2DGraph& graph, int x, int y, int reach)
     return graph;
 }
 
-std::vector<TComponent*> LookParts(const TLookNode& tree)
+std::vector<TComponent*> LookParts(TKx2DGraph& graph)
 {
-    std::vector<TComponent*> parts{tree.Component};
-    for (const TLookNode& node : tree.Parts)
-        std::ranges::copy(LookParts(node), std::back_inserter(parts));
+    std::vector<TComponent*> parts{&graph};
+    const auto addSeries = [&](const auto& self, TKxSeriesList& list) -> void {
+        for (TKxPlottable* series : list.Items()) {
+            parts.push_back(series);
+            self(self, series->Childs());
+        }
+    };
+    std::ranges::copy(PartsIn<TKxAxis>(graph), std::back_inserter(parts));
+    addSeries(addSeries, graph.GetSeriesList());
+    std::ranges::copy(PartsIn<TKxAttachedLegend>(graph), std::back_inserter(parts));
+    std::ranges::copy(PartsIn<TKxCustomLabel>(graph), std::back_inserter(parts));
     return parts;
 }
 

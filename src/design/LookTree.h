@@ -28,7 +28,7 @@ std::string LookName(const TComponent& component);
 /// axis, else the graph.
 TComponent& LookPartAt(TKx2DGraph& graph, int x, int y, int reach);
 
-/// All components of the tree, from the top.
-std::vector<TComponent*> LookParts(const TLookNode& tree);
+/// All components of that outline, from the top.
+std::vector<TComponent*> LookParts(TKx2DGraph& graph);
 
 }  // namespace plotkit

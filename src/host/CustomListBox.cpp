@@ -171,7 +171,8 @@ void TCustomListBox::MouseUp(TMouseButton button, TShiftState shift, int x, int 
 void TCustomListBox::MouseWheel(TShiftState shift, int delta, int x, int y)
 {
     const bool areColumns = FColumns > 1;
-    const int steps = FWheel.Take(delta, areColumns ? WheelNotch : WheelNotch / RowsPerNotch), before = FTopIndex;
+    const int steps = FWheel.Take(delta, TWheelNotches::Notch / (areColumns ? 1 : RowsPerNotch));
+    const int before = FTopIndex;
     SetTopIndex(FTopIndex - steps * (areColumns ? Rows() : 1));
     if (steps != 0 && FTopIndex == before)
         TWindowControl::MouseWheel(shift, delta, x, y);

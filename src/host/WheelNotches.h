@@ -8,10 +8,12 @@ namespace plotkit {
 class TWheelNotches
 {
 public:
-    /// Whole steps of `step` that are complete with a turn by `delta`, 120 to a notch. A turn back begins anew.
-    int Take(int delta, int step = 120)
+    static constexpr int Notch = 120;  ///< what a wheel turns by from one stop to the next
+
+    /// Whole steps of `step` that are complete with a turn by `delta`. A turn back begins anew.
+    int Take(int delta, int step = Notch)
     {
-        constexpr int most = 100 * 120;
+        constexpr int most = 100 * Notch;
         if ((delta > 0) != (FRest > 0))
             FRest = 0;
         FRest += std::clamp(delta, -most, most);

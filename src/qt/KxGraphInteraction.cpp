@@ -160,6 +160,7 @@ void KxGraphInteraction::ShowMenu(TPoint at)
 {
     if (!FMenu || !FInput.Graph())
         return;
+    FMenuPlace = at;
     // Ranges that the program moved by itself.
     Follow();
     const TPoint root = FInput.Graph()->OriginInRoot() + at;

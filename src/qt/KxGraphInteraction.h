@@ -47,6 +47,8 @@ public:
     QAction* Action(TGraphAction which) const { return FActions[which]; }
     /// All of them, as the context menu shows them.
     QMenu* Menu() const { return FMenu; }
+    /// Where in the graph the menu was asked for last.
+    TPoint MenuPlace() const { return FMenuPlace; }
 
     /// The status lines, joined, whenever they change.
     std::function<void(const QString&)> OnStatus;
@@ -68,6 +70,7 @@ private:
     std::array<QAction*, GraphActionCount> FActions{};
     QActionGroup* FModes = nullptr;
     QPointer<QMenu> FMenu;
+    TPoint FMenuPlace{};
     QString FStatus;
 };
 

@@ -23,7 +23,6 @@ namespace plotkit {
 
 namespace {
 
-constexpr int WheelNotch = 120;
 
 TComposition CompositionOf(const QInputMethodEvent& event)
 {
@@ -217,22 +216,10 @@ void TKxControlWidget::keyPressEvent(QKeyEvent* event)
 void TKxControlWidget::wheelEvent(QWheelEvent* event)
 {
     // What only scrolls the form past the control changes nothing.
-    if (!IsWheelWanted()) {
-        FWheelRest = 0;
+    if (!IsWheelWanted())
         return event->ignore();
-    }
-    // Fine wheels and touch pads turn by parts of a notch.
-    const QPoint turned = event->angleDelta();
-    FWheelRest += turned.y() != 0 ? turned.y() : turned.x();
-    const int whole = FWheelRest - FWheelRest % WheelNotch;
+    KxGraphWidget::wheelEvent(event);
     event->accept();
-    if (whole == 0)
-        return;
-    FWheelRest -= whole;
-    QWheelEvent notches(event->position(), event->globalPosition(), {}, {0, whole}, event->buttons(),
-                        event->modifiers(), event->phase(), event->inverted());
-    KxGraphWidget::wheelEvent(&notches);
-    event->setAccepted(notches.isAccepted());
 }
 
 void TKxControlWidget::contextMenuEvent(QContextMenuEvent* event)

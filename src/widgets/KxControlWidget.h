@@ -74,7 +74,6 @@ private:
 
     QString FToldValue;
     int FServing = 0;
-    int FWheelRest = 0;
     bool FNotifying = false;
 };
 

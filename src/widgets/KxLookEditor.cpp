@@ -4,6 +4,7 @@
 #include <QLabel>
 #include <QPushButton>
 #include <QScreen>
+#include <QShortcut>
 #include <QShowEvent>
 #include <QSplitter>
 #include <QTabWidget>
@@ -27,13 +28,16 @@ TComponent* PartOf(const QTreeWidgetItem* item)
     return item ? static_cast<TComponent*>(item->data(0, Qt::UserRole).value<void*>()) : nullptr;
 }
 
-void Rename(QTreeWidgetItem* item, const TLookNode& node)
+/// The item shows `old` now.
+void Rename(QTreeWidgetItem* item, const TLookNode& old, const TLookNode& node)
 {
-    const QString text = QString::fromStdString(node.Text);
-    item->setText(0, text);
-    item->setToolTip(0, text);
+    if (node.Text != old.Text) {
+        const QString text = QString::fromStdString(node.Text);
+        item->setText(0, text);
+        item->setToolTip(0, text);
+    }
     for (std::size_t i = 0; i < node.Parts.size(); ++i)
-        Rename(item->child(static_cast<int>(i)), node.Parts[i]);
+        Rename(item->child(static_cast<int>(i)), old.Parts[i], node.Parts[i]);
 }
 
 }  // namespace
@@ -98,6 +102,9 @@ TKxLookEditor::TKxLookEditor(QWidget* parent) : QDialog(parent)
     FMessage->setTextFormat(Qt::PlainText);
     FMessage->setWordWrap(true);
     FMessage->setTextInteractionFlags(Qt::TextSelectableByMouse);
+    QSizePolicy keepsItsLine = FMessage->sizePolicy();
+    keepsItsLine.setRetainSizeWhenHidden(true);
+    FMessage->setSizePolicy(keepsItsLine);
     FMessage->hide();
     auto* rows = new QVBoxLayout(this);
     rows->addWidget(split, 1);
@@ -114,6 +121,7 @@ TKxLookEditor::TKxLookEditor(QWidget* parent) : QDialog(parent)
         if (!FIsFilling && index >= 0)
             FPageName = FPages->tabText(index);
     });
+    connect(new QShortcut(Qt::Key_F2, FTree), &QShortcut::activated, this, [this] { EditCaption(); });
     resize(TreeWidth + PagesWidth, Height);
     Refresh();
 }
@@ -189,7 +197,23 @@ void TKxLookEditor::SetGraph(TKx2DGraph* graph)
         FHistory->OnChanged = [this] { Refresh(); };
         FWatch = std::make_unique<TWatch>(*this, *graph);
     }
+    Say({});
     Refresh();
+}
+
+void TKxLookEditor::GoOnWith(TKx2DGraph& graph, const std::function<TColor(TColor)>& exchange)
+{
+    if (!FHistory)
+        return SetGraph(&graph);
+    if (&graph == Graph())
+        return;
+    Forget(Graph());
+    const std::size_t lost = FHistory->GoOnWith(graph, exchange);
+    FWatch = std::make_unique<TWatch>(*this, graph);
+    Say({});
+    Refresh();
+    if (lost > 0)
+        Say(tr("The graph was made anew: changes of parts that are gone cannot be undone any more."));
 }
 
 void TKxLookEditor::Open(TComponent& part)
@@ -203,6 +227,15 @@ void TKxLookEditor::Open(TComponent& part)
     show();
     raise();
     activateWindow();
+}
+
+void TKxLookEditor::EditCaption()
+{
+    for (int i = 0; i < FPages->count(); ++i)
+        if (auto* caption = FPages->widget(i)->findChild<QWidget*>("Caption")) {
+            FPages->setCurrentIndex(i);
+            caption->setFocus(Qt::ShortcutFocusReason);
+        }
 }
 
 void TKxLookEditor::Try(const std::function<void()>& action)
@@ -224,6 +257,7 @@ void TKxLookEditor::Say(const QString& text)
 void TKxLookEditor::Fill(QTreeWidgetItem* item, const TLookNode& node)
 {
     item->setData(0, Qt::UserRole, QVariant::fromValue(static_cast<void*>(node.Component)));
+    Rename(item, {}, {nullptr, node.Text, {}});
     for (const TLookNode& part : node.Parts)
         Fill(new QTreeWidgetItem(item), part);
 }
@@ -232,13 +266,12 @@ void TKxLookEditor::FillTree()
 {
     FIsFilling = true;
     FTree->clear();
-    const TLookNode tree = LookTree(*Graph());
+    FNames = LookTree(*Graph());
     auto* top = new QTreeWidgetItem(FTree);
-    Fill(top, tree);
-    Rename(top, tree);
+    Fill(top, FNames);
     FTree->expandAll();
     FWatch->EndWatch(FOutline);
-    FOutline = LookParts(tree);
+    FOutline = LookParts(*Graph());
     FWatch->Watch(FOutline);
     QTreeWidgetItem* chosen = top;
     for (QTreeWidgetItemIterator item(FTree); *item; ++item)
@@ -304,11 +337,14 @@ void TKxLookEditor::Refresh()
     FTree->setEnabled(Graph());
     FPages->setEnabled(Graph());
     if (Graph()) {
-        const TLookNode tree = LookTree(*Graph());
-        if (LookParts(tree) != FOutline)
+        if (LookParts(*Graph()) != FOutline) {
+            FHistory->FindParts();
             FillTree();
-        else
-            Rename(FTree->topLevelItem(0), tree);
+        } else {
+            TLookNode tree = LookTree(*Graph());
+            Rename(FTree->topLevelItem(0), FNames, tree);
+            FNames = std::move(tree);
+        }
         for (int i = 0; i < FPages->count(); ++i)
             static_cast<TKxLookPage*>(FPages->widget(i))->Refresh();
     }

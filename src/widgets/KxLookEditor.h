@@ -35,6 +35,8 @@ public:
     TKx2DGraph* Graph() const { return FHistory ? FHistory->Graph() : nullptr; }
     /// Another graph, with a history of its own; nullptr for none. The part of the same name and its page are shown on.
     void SetGraph(TKx2DGraph* graph);
+    /// The same graph, made anew, as TLookHistory goes on; the dialog says when something cannot be undone any more.
+    void GoOnWith(TKx2DGraph& graph, const std::function<TColor(TColor)>& exchange = {});
     /// nullptr without a graph.
     TLookHistory* History() { return FHistory.get(); }
 
@@ -78,6 +80,7 @@ private:
     void Refresh();
     void RefreshLater();
     void RefreshSteps();
+    void EditCaption();
     void PlaceBeside(const QWidget& other);
 
     std::shared_ptr<TLookHistory> FHistory;
@@ -87,6 +90,7 @@ private:
     std::string FPartName;              ///< of the part that is shown, or was last
     QString FPageName;                  ///< likewise
     std::vector<TComponent*> FOutline;  ///< what the tree shows
+    TLookNode FNames;                   ///< likewise
     QString FFolder;
     QTreeWidget* FTree = nullptr;
     QTabWidget* FPages = nullptr;

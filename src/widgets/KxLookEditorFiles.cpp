@@ -1,38 +1,14 @@
 #include <QFileDialog>
 #include <QFileInfo>
 
-#include "foundation/KxLargeIniFile.h"
-#include "graph/KxGraph2D.h"
-#include "host/Errors.h"
+#include "design/LookFiles.h"
 #include "widgets/KxLookEditor.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr const char* Section = "Graph";
 constexpr const char* LookFiles = "Looks (*.ini)";
-
-std::vector<std::string> LoadOutfit(TKx2DGraph& graph, const std::string& fileName)
-{
-    TKxLargeIniFile file(fileName);
-    if (!file.SectionExists(Section))
-        throw EConvertError(fileName + ": no look of a graph, there is no section [" + Section + "]");
-    std::vector<TKxIniProblem> problems;
-    file.SetProblems(&problems);
-    graph.LoadOutfit(Section, file);
-    std::vector<std::string> lines;
-    for (const TKxIniProblem& problem : problems)
-        lines.push_back("[" + problem.Section + "] " + problem.Ident + ": \"" + problem.Value + "\" cannot be used");
-    return lines;
-}
-
-void SaveOutfit(TKx2DGraph& graph, const std::string& fileName)
-{
-    TKxLargeIniFile file(fileName);
-    graph.SaveOutfit(Section, file);
-    file.Save();
-}
 
 }  // namespace
 
@@ -44,10 +20,14 @@ void TKxLookEditor::LoadFrom(const std::string& fileName)
     QStringList notes;
     Try([&] {
         FHistory->Perform(step, [&] {
-            for (const std::string& note : OnLoad ? OnLoad(fileName) : LoadOutfit(*Graph(), fileName))
+            for (const std::string& note : OnLoad ? OnLoad(fileName) : LoadLookFrom(fileName, *Graph()))
                 notes << QString::fromStdString(note);
         });
     });
+    constexpr int mostNotes = 4;
+    const int rest = static_cast<int>(notes.size()) - mostNotes;
+    if (rest > 1)
+        notes = notes.mid(0, mostNotes) << tr("... and %1 more").arg(rest);
     if (!notes.isEmpty())
         Say(notes.join('\n'));
 }
@@ -60,7 +40,7 @@ void TKxLookEditor::SaveTo(const std::string& fileName)
         if (OnSave)
             OnSave(fileName);
         else
-            SaveOutfit(*Graph(), fileName);
+            SaveLookTo(fileName, *Graph());
     });
 }
 
@@ -80,8 +60,10 @@ void TKxLookEditor::AskWhereToSave()
     dialog.setDefaultSuffix("ini");
     // Saving changes only the look in a file that is there.
     dialog.setOption(QFileDialog::DontConfirmOverwrite);
-    if (dialog.exec() == QDialog::Accepted)
-        SaveTo(dialog.selectedFiles().front().toStdString());
+    if (dialog.exec() != QDialog::Accepted)
+        return;
+    FFolder = dialog.directory().absolutePath();
+    SaveTo(dialog.selectedFiles().front().toStdString());
 }
 
 }  // namespace plotkit

@@ -45,9 +45,14 @@ void TKxLookOpener::Open(QPointF at)
         return;
     const double ratio = FWidget.devicePixelRatioF();
     const TPoint origin = FGraph.OriginInRoot();
-    const int x = static_cast<int>(std::floor(at.x() * ratio)) - origin.X;
-    const int y = static_cast<int>(std::floor(at.y() * ratio)) - origin.Y;
-    FOpen(LookPartAt(FGraph, x, y, static_cast<int>(std::lround(Reach * ratio))));
+    OpenAt({static_cast<int>(std::floor(at.x() * ratio)) - origin.X,
+            static_cast<int>(std::floor(at.y() * ratio)) - origin.Y});
+}
+
+void TKxLookOpener::OpenAt(TPoint at)
+{
+    if (!FAlive.expired())
+        FOpen(LookPartAt(FGraph, at.X, at.Y, static_cast<int>(std::lround(Reach * FWidget.devicePixelRatioF()))));
 }
 
 }  // namespace plotkit

@@ -22,6 +22,9 @@ public:
     /// The graph stands in the widget's tree.
     TKxLookOpener(KxGraphWidget& widget, TKx2DGraph& graph, std::function<void(TComponent&)> open);
 
+    /// As a double click at a pixel of the graph.
+    void OpenAt(TPoint at);
+
     bool eventFilter(QObject* object, QEvent* event) override;
 
 private:

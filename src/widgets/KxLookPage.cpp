@@ -1,5 +1,6 @@
 #include "widgets/KxLookPage.h"
 
+#include <QAbstractButton>
 #include <QEvent>
 #include <QFormLayout>
 #include <QKeyEvent>
@@ -10,6 +11,7 @@ namespace plotkit {
 
 namespace {
 
+const char* const ButtonMnemonics = "lsarc";
 constexpr int CompactLetters = 24;  ///< room for numbers, colours and the like, which then line up
 
 /// The keys that undo and redo changes of the look, wherever the focus is.
@@ -17,6 +19,11 @@ bool IsUndoKey(const QKeyEvent& key)
 {
     return key.matches(QKeySequence::Undo) || key.matches(QKeySequence::Redo) ||
            (key.modifiers() == Qt::ControlModifier && key.key() == Qt::Key_Y);
+}
+
+QString FromView(std::string_view text)
+{
+    return QString::fromUtf8(text.data(), static_cast<qsizetype>(text.size()));
 }
 
 bool HasFocusInside(const QWidget& widget)
@@ -29,7 +36,12 @@ bool HasFocusInside(const QWidget& widget)
 
 TKxLookPage::TKxLookPage(std::shared_ptr<TLookHistory> history, TComponent& part, const TLookPage& page,
                          TKxRecentColors& recent, QWidget* parent)
-    : QScrollArea(parent), FHistory(std::move(history)), FPart(part), FAlive(part.Lifeline().Watch()), FPage(page)
+    : QScrollArea(parent),
+      FHistory(std::move(history)),
+      FPart(part),
+      FAlive(part.Lifeline().Watch()),
+      FPage(page),
+      FMnemonics(ButtonMnemonics)
 {
     auto* sheet = new QWidget(this);
     auto* rows = new QFormLayout(sheet);
@@ -49,7 +61,9 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
     const std::string path = FPage.PathOf(row);
     const auto edited = [this, index](const TLookValue& value, bool joins) { Edit(index, value, joins); };
     TKxLookField field = NewLookField({*FHistory->Graph(), FPart, path, row, &recent, edited}, rows.parentWidget());
-    const QString text = QString::fromUtf8(row.Text.data(), static_cast<qsizetype>(row.Text.size()));
+    QString text = FromView(row.Text);
+    if (!row.Unit.empty())
+        text += " / " + FromView(row.Unit);
     field.Widget->setObjectName(QString::fromStdString(path));
     if (field.Widget->accessibleName().isEmpty())
         field.Widget->setAccessibleName(text);
@@ -59,8 +73,10 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
         field.Widget->setSizePolicy(QSizePolicy::Maximum, field.Widget->sizePolicy().verticalPolicy());
     QLabel* label = nullptr;
     if (!field.HasOwnText) {
-        label = new QLabel(text, rows.parentWidget());
+        label = new QLabel(WithMnemonic(text), rows.parentWidget());
         label->setBuddy(field.Widget);
+    } else if (auto* box = qobject_cast<QAbstractButton*>(field.Widget)) {
+        box->setText(WithMnemonic(text));
     }
     if (label)
         rows.addRow(label, field.Widget);
@@ -74,6 +90,21 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
     }
     FFields.push_back({&row, path, std::move(field), label, {}});
     Show(FFields.back());
+}
+
+/// The first letter of a word if possible; nothing when all are taken.
+QString TKxLookPage::WithMnemonic(const QString& text)
+{
+    for (const bool onlyFirst : {true, false})
+        for (qsizetype i = 0; i < text.size(); ++i) {
+            const bool isFirst = i == 0 || text[i - 1].isSpace();
+            const QChar letter = text[i].toLower();
+            if (!letter.isLetter() || (onlyFirst && !isFirst) || FMnemonics.contains(letter))
+                continue;
+            FMnemonics += letter;
+            return QString(text).insert(i, '&');
+        }
+    return text;
 }
 
 void TKxLookPage::Show(TField& field)

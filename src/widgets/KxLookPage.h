@@ -42,6 +42,7 @@ private:
 
     bool HasPart() const { return !FAlive.expired() && FHistory->Graph(); }
     void Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& recent);
+    QString WithMnemonic(const QString& text);
     bool IsStale(const TField& field) const;
     void Edit(std::size_t index, const TLookValue& value, bool joins);
     void Show(TField& field);
@@ -52,6 +53,7 @@ private:
     std::weak_ptr<const void> FAlive;
     TLookPage FPage;
     std::vector<TField> FFields;
+    QString FMnemonics;  ///< letters that are taken
     bool FEditing = false;
 };
 

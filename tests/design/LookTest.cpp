@@ -108,7 +108,7 @@ TEST_F(TLook, EditsUndoneGiveTheSameSavedLookAndRedoneTheChangedOne)
         TLookHistory history(*Graph);
         std::vector<std::string> saved{Saved()};
         for (int edit = 0; edit < 40; ++edit) {
-            const auto parts = LookParts(LookTree(*Graph));
+            const auto parts = LookParts(*Graph);
             TComponent& part = *parts[random() % parts.size()];
             const auto pages = LookPages(part);
             const TLookPage& page = pages[random() % pages.size()];

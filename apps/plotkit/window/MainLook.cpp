@@ -1,5 +1,6 @@
 #include <QFileDialog>
 
+#include "plotkit/ColourScheme.h"
 #include "plotkit/window/MainWindow.h"
 #include "widgets/KxLookEditor.h"
 #include "widgets/KxLookOpener.h"
@@ -42,11 +43,25 @@ void TMainWindow::EditLook(TComponent* part)
         FLook->SetFolder(Folder());
         FLook->OnLoad = [this](const std::string& fileName) { return FDocument->Wear(fileName); };
         FLook->OnSave = [this](const std::string& fileName) { FDocument->SaveLookAs(fileName); };
-        FLook->SetGraph(FDocument->Plot().Graph);
+        ShowLookOf(*FDocument->Plot().Graph);
     }
     if (!part)
         part = FLook->Part() ? FLook->Part() : FDocument->Plot().Graph;
     FLook->Open(*part);
+}
+
+void TMainWindow::ShowLookOf(TKx2DGraph& graph)
+{
+    const TSchemeChoice scheme = FDocument->Options().Scheme;
+    const auto schemeOf = [](TSchemeChoice choice) { return choice == ccDark ? DarkScheme() : LightScheme(); };
+    const auto exchange = [from = schemeOf(FLookScheme), to = schemeOf(scheme)](TColor colour) {
+        return Counterpart(colour, from, to);
+    };
+    if (std::exchange(FLookGoesOn, false))
+        FLook->GoOnWith(graph, scheme == FLookScheme ? std::function<TColor(TColor)>() : exchange);
+    else
+        FLook->SetGraph(&graph);
+    FLookScheme = scheme;
 }
 
 void TMainWindow::ServeLook()
@@ -54,17 +69,31 @@ void TMainWindow::ServeLook()
     TKx2DGraph& graph = *FDocument->Plot().Graph;
     if (FLook) {
         FLook->SetFolder(Folder());
-        FLook->SetGraph(&graph);
+        ShowLookOf(graph);
     }
-    new TKxLookOpener(*FView, graph, [this](TComponent& part) { EditLook(&part); });
+    auto* opener = new TKxLookOpener(*FView, graph, [this](TComponent& part) { EditLook(&part); });
     FInteraction->Menu()->addSeparator();
-    FInteraction->Menu()->addAction(FEditLook);
+    QAction* const look = FInteraction->Menu()->addAction(FEditLook->text());
+    connect(look, &QAction::triggered, this,
+            [this, opener] { Try([&] { opener->OpenAt(FInteraction->MenuPlace()); }); });
 }
 
-void TMainWindow::KeepEditedLook()
+bool TMainWindow::HasEditedLook() const
 {
-    if (FLook && FLook->Graph() == FDocument->Plot().Graph && FLook->History()->CanUndo())
-        FDocument->KeepLook(FKept.filePath("look.ini").toStdString());
+    return FLook && FLook->Graph() == FDocument->Plot().Graph &&
+           (FLook->History()->CanUndo() || FLook->History()->CanRedo());
+}
+
+void TMainWindow::KeepEditedLook(bool always)
+{
+    const bool isEdited = HasEditedLook();
+    if (!isEdited && !always)
+        return;
+    FDocument->KeepLook(FKept.filePath("look.ini").toStdString());
+    if (!isEdited)
+        return;
+    FLook->History()->Hold();
+    FLookGoesOn = true;
 }
 
 void TMainWindow::RefreshDates()

@@ -131,6 +131,8 @@ void TMainWindow::AddScaleMenu(QMenu& menu, const QString& title, bool isX)
     }
     FGraphActions << group->actions();
     (isX ? FXScales : FYScales) = group;
+    // Looks may have changed the axis meanwhile.
+    connect(&scales, &QMenu::aboutToShow, this, [this] { CheckScales(); });
 }
 
 void TMainWindow::AddColoursMenu(QMenu& menu)
@@ -166,6 +168,8 @@ void TMainWindow::FillGraphMenu()
     copy->setShortcut(QKeySequence(tr("Ctrl+Shift+C")));
     copy->setShortcutContext(Qt::WindowShortcut);
     FGraphMenu->addActions(FInteraction->Menu()->actions());
+    FGraphMenu->addSeparator();
+    FGraphMenu->addAction(FEditLook);
 }
 
 void TMainWindow::EnableForGraph()
@@ -175,10 +179,17 @@ void TMainWindow::EnableForGraph()
     FGraphMenu->setEnabled(HasGraph());
     if (!HasGraph())
         return;
+    CheckScales();
+}
+
+void TMainWindow::CheckScales()
+{
+    if (!HasGraph())
+        return;
     for (QAction* action : FXScales->actions())
-        action->setChecked(action->data().toInt() == FDocument->Options().XScale);
+        action->setChecked(action->data().toInt() == FDocument->Scale(true));
     for (QAction* action : FYScales->actions())
-        action->setChecked(action->data().toInt() == FDocument->Options().YScale);
+        action->setChecked(action->data().toInt() == FDocument->Scale(false));
 }
 
 }  // namespace plotkit

@@ -195,6 +195,7 @@ void TMainWindow::LoadAgain(const TOptions& options)
     const TKeptView view(*FDocument->Plot().Graph);
     const TDocument* const before = FDocument.get();
     Load(options);
+    FLookGoesOn = false;
     if (FDocument.get() == before)
         return;
     Try([&] {
@@ -271,11 +272,11 @@ void TMainWindow::ShowGraph()
     FPages->insertWidget(GraphPage, FView.get());
     FPages->setCurrentIndex(GraphPage);
     FView->setFocus();
-    ServeLook();
     FFollow->setChecked(FDocument->Options().Follow.has_value());
     FColumns->Show(FDocument->ColumnNames(), FDocument->XColumn(), FDocument->YColumns());
     ShowDescription();
     FillGraphMenu();
+    ServeLook();
     FFits->Show(FDocument.get(), &FInteraction->Input().Markers());
     EnableForGraph();
     ShowReadings();
@@ -314,11 +315,21 @@ void TMainWindow::ViewChanged()
 
 void TMainWindow::SetScale(bool isX, TScaleChoice scale)
 {
-    const TOptions& options = FDocument->Options();
-    const TScaleChoice x = isX ? scale : options.XScale, y = isX ? options.YScale : scale;
+    TKx2DGraph* const graph = FDocument->Plot().Graph;
+    TKxAxis& axis = isX ? *graph->GetPrimaryXAxis() : *graph->GetPrimaryYAxis();
+    const TKxAxScaling before = axis.GetScaling();
     Rebuild([&] {
-        KeepEditedLook();
-        FDocument->SetScales(x, y);
+        try {
+            // A scale of the look is not to stand in the way.
+            axis.SetScaling(FDocument->ScalingFor(isX, scale));
+            KeepEditedLook(!FDocument->Options().LookFile.empty());
+            const TOptions& options = FDocument->Options();
+            FDocument->SetScales(isX ? scale : options.XScale, isX ? options.YScale : scale);
+        } catch (...) {
+            if (FDocument->Plot().Graph == graph)
+                axis.SetScaling(before);
+            throw;
+        }
     });
 }
 

@@ -66,6 +66,7 @@ private:
     void FillRecentMenu();
     void FillGraphMenu();
     void EnableForGraph();
+    void CheckScales();
     void ShowKeys();
 
     // What the actions do.
@@ -90,13 +91,15 @@ private:
     void LoadAgain(const TOptions& options);
     /// Runs a change that replaces the document's graph, and shows the new one.
     void Rebuild(const std::function<void()>& change);
-    /// Lets what was changed by hand outlive the graph.
-    void KeepEditedLook();
+    /// Lets what was changed by hand outlive the graph; `always` also what a file of the user's has brought.
+    void KeepEditedLook(bool always = false);
+    bool HasEditedLook() const;
     void ReportNotes();
     void ShowGraph();
     void LeaveView();
     /// Lets the view ask for the look of its graph, and the editor show that graph.
     void ServeLook();
+    void ShowLookOf(TKx2DGraph& graph);
     /// Where the file is; empty without one.
     QString Folder() const;
     QString PictureName() const;
@@ -118,7 +121,9 @@ private:
     QStackedWidget* FPages = nullptr;
     TMessageBar* FMessages = nullptr;
     TColumnsDock* FColumns = nullptr;
-    TKxLookEditor* FLook = nullptr;  ///< made on first use
+    TKxLookEditor* FLook = nullptr;       ///< made on first use
+    TSchemeChoice FLookScheme = ccLight;  ///< that its steps are meant for
+    bool FLookGoesOn = false;             ///< the next graph is the present one made anew
     QTemporaryDir FKept;
     QLabel* FReadings = nullptr;     ///< of cursor and markers
     QLabel* FPlace = nullptr;        ///< of the pointer
