@@ -26,16 +26,25 @@ TKxValueIChangedList::~TKxValueIChangedList()
 
 void TKxValueIChangedList::Add(const TKxValueIChangedEvent& event)
 {
-    const TKxValueIChangedEvent added = event;  // may be an entry of this list
-    Remove(added);
-    Writable().push_back(added);
+    Append({event, false});
+}
+
+void TKxValueIChangedList::AddForDrops(const TKxValueIChangedEvent& event)
+{
+    Append({event, true});
+}
+
+void TKxValueIChangedList::Append(TEntry entry)
+{
+    Remove(entry.Event);
+    Writable().push_back(std::move(entry));
 }
 
 void TKxValueIChangedList::Remove(const TKxValueIChangedEvent& event)
 {
     const auto& items = FEntries->Items;
     const auto found = std::find_if(items.begin(), items.end(),
-                                    [&event](const TKxValueIChangedEvent& entry) { return entry.SameHandler(event); });
+                                    [&event](const TEntry& entry) { return entry.Event.SameHandler(event); });
     if (found == items.end())
         return;
     const auto place = found - items.begin();
@@ -43,18 +52,22 @@ void TKxValueIChangedList::Remove(const TKxValueIChangedEvent& event)
     entries.erase(entries.begin() + place);
 }
 
-void TKxValueIChangedList::Call(int i, bool wasDeleted) const
+void TKxValueIChangedList::Call(int i, bool wasDeleted, bool hasDropped) const
 {
     const TCall call(*FEntries);
-    for (const TKxValueIChangedEvent& entry : call.Entries.Items) {
+    for (const TEntry& entry : call.Entries.Items) {
         if (call.Entries.IsListGone)
             return;
-        if (!call.Entries.IsLeft || Contains(entry))
-            entry(i, wasDeleted);
+        if (call.Entries.IsLeft && !Contains(entry))
+            continue;
+        if (hasDropped && !entry.SeesDrops)
+            entry.Event(-1, true);
+        else
+            entry.Event(i, wasDeleted);
     }
 }
 
-std::vector<TKxValueIChangedEvent>& TKxValueIChangedList::Writable()
+auto TKxValueIChangedList::Writable() -> std::vector<TEntry>&
 {
     if (FEntries->Calls > 0) {
         auto copy = std::make_unique<TEntries>();
@@ -73,9 +86,9 @@ void TKxValueIChangedList::LeaveEntries()
     static_cast<void>(FEntries.release());
 }
 
-bool TKxValueIChangedList::Contains(const TKxValueIChangedEvent& event) const
+bool TKxValueIChangedList::Contains(const TEntry& entry) const
 {
-    return std::find(FEntries->Items.begin(), FEntries->Items.end(), event) != FEntries->Items.end();
+    return std::find(FEntries->Items.begin(), FEntries->Items.end(), entry) != FEntries->Items.end();
 }
 
 }  // namespace plotkit

@@ -78,7 +78,7 @@ void TKxDBVector::LoadRecords(TDataSet& dataSet, int field)
     const int first = dataSet.GetRecNo();
     const auto back = [&] { current > first ? dataSet.SetRecNo(current) : dataSet.First(); };
     try {
-        Refill(dataSet.ReadField(field));
+        Store().Refill(dataSet.ReadField(field));
         FTrouble.clear();
     } catch (const std::exception& error) {
         FTrouble = error.what();

@@ -6,7 +6,7 @@
 #include <vector>
 
 #include "data/KxChangedList.h"
-#include "foundation/KxConsts.h"
+#include "data/KxRealStore.h"
 #include "host/Component.h"
 
 namespace plotkit {
@@ -21,65 +21,46 @@ public:
     static const TClassInfo Class;
     const TClassInfo& ClassInfo() const override { return Class; }
 
-    int GetCount() const { return FCount; }
+    int GetCount() const { return FStore.Count(); }
     /// The room the vector says it has; memory behind it grows geometrically and is taken when it is written.
-    int GetCapacity() const { return FCapacity; }
-    int GetIncrement() const { return FIncrement; }
+    int GetCapacity() const { return FStore.Capacity(); }
+    int GetIncrement() const { return FStore.Increment(); }
     /// ERangeError "i=%d index out of range" at or past `Count` and below 0.
     double GetValue(int i) const
     {
-        if (i < 0 || i >= FCount)
-            RaiseOutOfRange(i);
-        return FValues.Read()[i];
+        if (i < 0 || i >= GetCount())
+            TKxRealStore::RaiseOutOfRange(i);
+        return FStore.Read()[i];
     }
     /// At or past `Count` the vector is extended to `i` + 1; what lies between keeps what the storage held: zeros, or
     /// values from before a `Clear`. ERangeError for negative indexes.
-    virtual void SetValue(int i, double value);
+    virtual void SetValue(int i, double value) { FStore.Set(i, value); }
 
     /// The valid elements; good until the next change.
-    std::span<const double> Values() const { return FValues.Span().first(static_cast<std::size_t>(FCount)); }
+    std::span<const double> Values() const { return FStore.Values(); }
     /// The storage, to be shared with other vectors; its first `Count` elements are the valid ones.
-    const TKxRealArray& Array() const { return FValues; }
+    TKxRealArray Array() const { return FStore.Array(); }
 
     TKxValueIChangedList& ChangedList() { return FChangedList; }
     /// Tells whether elements that were there have changed since: it grows with every change, by one for each
     /// `SetValue` and `Append`, so that those who count the notes see whether they heard of all.
-    std::uint64_t Version() const { return FVersion; }
+    std::uint64_t Version() const { return FStore.Version(); }
+    /// How many values were pushed out at the front since the vector was made: of two vectors that get their values in
+    /// step, the difference tells which of them belong together.
+    std::uint64_t Dropped() const { return FStore.Dropped(); }
+    /// The version at which all values were replaced or removed last.
+    std::uint64_t FilledAt() const { return FStore.FilledAt(); }
 
 protected:
-    /// Makes sure that `Count` is at least `n`; capacity grows to `n` + `Increment` when `n` reaches it.
-    void CheckCount(int n)
-    {
-        if (n >= FCapacity || static_cast<std::size_t>(n) > FValues.Length())
-            GrowFor(n);
-        FCount = n > FCount ? n : FCount;
-    }
-    /// Lowers the count; storage is kept.
-    void DropTo(int n);
-    /// Replaces all elements; what lay behind them is zero afterwards. ERangeError beyond 2^31 - 2 elements.
-    void Replace(TKxRealArray values);
-    /// Count and storage as after setting the values one by one from a count of 0: elements behind them stay.
-    void Refill(TKxRealArray values);
-    double* Write()
-    {
-        ++FVersion;
-        return FValues.Write();
-    }
-
-    void ResizeStorage(int capacity);
-    void StoreIncrement(int increment) { FIncrement = increment; }
+    TKxRealStore& Store() { return FStore; }
+    const TKxRealStore& Store() const { return FStore; }
+    double* Write() { return FStore.Write(); }
+    /// Tells everybody; of values that were dropped, too.
+    void Tell(int i, bool wasDeleted) { FChangedList.Call(i, wasDeleted, FStore.TakeDrop()); }
 
 private:
-    [[noreturn]] static void RaiseOutOfRange(int i);
-    void ReserveFor(int n);
-    void GrowFor(int n);
-
-    TKxRealArray FValues;  ///< elements that were ever written; the rest of the capacity is zero
+    TKxRealStore FStore;
     TKxValueIChangedList FChangedList;
-    std::uint64_t FVersion = 0;
-    int FCount = 0;
-    int FCapacity = 50;
-    int FIncrement = 50;
 };
 
 /// A plain store: nobody hears of changes.
@@ -116,6 +97,11 @@ public:
     void SetCapacity(int capacity);
     /// Ignored at or below 50.
     void SetIncrement(int increment);
+    /// Of more than `Newest` values the oldest go, 0: none. The others move up: index 0 is the oldest one that is left,
+    /// and the value that was set last stands at `Count` - 1. Gaps are zero in a ring. One note (-1, true) when values
+    /// go with the setting; negative numbers are ignored.
+    int GetNewest() const { return Store().Newest(); }
+    void SetNewest(int newest);
 
     /// As the form's text holds them: the valid elements. A vector that is read is filled one by one with `SetValue`.
     std::vector<double> GetStreamedValues() const;
@@ -146,7 +132,7 @@ public:
     void Delete(int i) override;
 
 protected:
-    void BulkChanged(int i, bool wasDeleted) override { ChangedList().Call(i, wasDeleted); }
+    void BulkChanged(int i, bool wasDeleted) override { Tell(i, wasDeleted); }
 };
 
 }  // namespace plotkit

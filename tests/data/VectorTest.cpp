@@ -112,6 +112,71 @@ TEST(LiveVector, TellsOfEachChange)
     EXPECT_EQ(follower.Notes, "0/1 -1d/3 0/4 1d/4 3d/3 3/4 -1d/4 ");
 }
 
+/// Says what it hears of a ring when it knows of drops, what anybody hears otherwise.
+std::string NotesOf(bool seesDrops)
+{
+    TKxLiveVector ring(nullptr);
+    std::string notes;
+    const TKxValueIChangedEvent event([&](int i, bool wasDeleted) {
+        notes += std::to_string(i) + (wasDeleted ? "d-" : "-") + std::to_string(ring.Dropped()) + ' ';
+    });
+    seesDrops ? ring.ChangedList().AddForDrops(event) : ring.ChangedList().Add(event);
+    ring.SetNewest(3);
+    ring.Append(TReals{1, 2});
+    ring.Add(3);
+    ring.Add(4);
+    ring.SetValue(0, 2);
+    ring.Append(TReals{1, 2, 3, 4, 5});
+    ring.SetValue(9, 1);
+    ring.SetNewest(2);
+    EXPECT_EQ(Elements(ring), (TReals{0, 1}));
+    return notes;
+}
+
+TEST(Ring, TellsOfWhatGoes)
+{
+    EXPECT_EQ(NotesOf(true), "1-0 2-0 2-1 0-1 2-6 2-13 -1d-14 ");
+    EXPECT_EQ(NotesOf(false), "1-0 2-0 -1d-1 0-1 -1d-6 -1d-13 -1d-14 ");
+}
+
+TEST(Ring, HoldsTheLastOfAllValues)
+{
+    for (unsigned seed = 1; seed <= 40; ++seed) {
+        std::mt19937 random(seed);
+        const auto below = [&](std::size_t n) { return static_cast<int>(random() % n); };
+        TKxRealVector ring(nullptr);
+        TReals all, more;
+        for (int step = 0; step < 300; ++step) {
+            const int kind = all.size() > 9000 ? 1 : below(16), at = all.empty() ? 0 : below(all.size()),
+                      gap = below(below(9) ? 4 : 3000);
+            more.assign(static_cast<std::size_t>(below(below(9) ? 30 : 4000)), step);
+            if (kind == 0)
+                ring.SetNewest(below(4) ? 1 + below(2000) : 0);
+            else if (kind == 1)
+                ring.Clear(), all.clear();
+            else if (kind == 2)
+                ring.Take(TReals(all = more));
+            else if (kind == 3)
+                ring.Append(ring.Values()), more = all, all.insert(all.end(), more.begin(), more.end());
+            else if (kind == 4 && ring.GetNewest() > 0)
+                ring.SetValue(ring.GetCount() + gap, 7), all.resize(all.size() + static_cast<std::size_t>(gap)),
+                    all.push_back(7);
+            else if (kind < 7 && !all.empty())
+                kind == 5 ? (ring.Insert(at, -1), all.insert(all.begin() + at, -1))
+                          : (ring.Delete(at), all.erase(all.begin() + at));
+            else if (kind == 7 && !all.empty())
+                ring.SetValue(at, -2), all[static_cast<std::size_t>(at)] = -2;
+            else if (kind < 12)
+                ring.Append(more), all.insert(all.end(), more.begin(), more.end());
+            else
+                all.push_back(step), ring.Add(step);
+            if (const auto newest = static_cast<std::size_t>(ring.GetNewest()); newest > 0 && all.size() > newest)
+                all.erase(all.begin(), all.end() - static_cast<std::ptrdiff_t>(newest));
+            ASSERT_EQ(Elements(ring), all) << seed << ' ' << step;
+        }
+    }
+}
+
 TEST(ChangedList, TakesTheSameHandlerForTheSameSubscriber)
 {
     TKxLiveVector vector(nullptr);
