@@ -15,55 +15,57 @@ constexpr std::size_t KeptRoom = 65536;
 
 }  // namespace
 
-void TKxRows::MakeRoom(std::size_t count)
+void TKxRows::MoveTo(double* values, std::size_t room)
 {
-    const std::size_t needed = FColumns.front().size() + count;
-    if (needed <= FRoom)
-        return;
-    const std::size_t room = std::max({needed, 2 * FRoom, SmallestRoom});
-    for (auto& column : FColumns)
-        column.reserve(room);
+    for (std::size_t i = 0; i < FWidth && FValues; ++i) {
+        const auto column = Column(i);
+        std::copy(column.begin(), column.end(), values + i * room);
+    }
+    FEnd -= FFirst;
+    FFirst = 0;
+}
+
+void TKxRows::Grow(std::size_t count)
+{
+    const std::size_t room = std::max({FEnd + count, 2 * FRoom, SmallestRoom});
+    auto values = std::make_unique_for_overwrite<double[]>(FWidth * room);
+    MoveTo(values.get(), room);
+    FValues = std::move(values);
     FRoom = room;
 }
 
 void TKxRows::Append(const TBlock& block, std::size_t count)
 {
-    MakeRoom(count);
-    const std::size_t width = FColumns.size();
-    for (std::size_t i = 0; i < width; ++i) {
-        auto& column = FColumns[i];
+    if (FEnd + count > FRoom)
+        Grow(count);
+    double* column = FValues.get() + FEnd;
+    for (std::size_t i = 0; i < FWidth; ++i, column += FRoom) {
         if (block.Rows) {
-            const double* value = block.Rows + block.First * width + i;
-            for (std::size_t row = 0; row < count; ++row, value += width)
-                column.push_back(*value);
+            const double* value = block.Rows + block.First * FWidth + i;
+            for (std::size_t row = 0; row < count; ++row, value += FWidth)
+                column[row] = *value;
         } else {
-            const auto values = block.Columns[i].subspan(block.First, count);
-            column.insert(column.end(), values.begin(), values.end());
+            std::copy_n(block.Columns[i].data() + block.First, count, column);
         }
     }
+    FEnd += count;
 }
 
 void TKxRows::DropFirst(std::size_t count)
 {
     FFirst += count;
     // Moved down when as many are gone as are left, so that a row moves once at most.
-    if (FFirst < GetCount())
-        return;
-    for (auto& column : FColumns)
-        column.erase(column.begin(), column.begin() + static_cast<std::ptrdiff_t>(FFirst));
-    FFirst = 0;
+    if (FFirst >= GetCount())
+        MoveTo(FValues.get(), FRoom);
 }
 
 void TKxRows::Clear()
 {
-    const bool isExceptional = FRoom > KeptRoom && GetCount() < FRoom / 8;
-    for (auto& column : FColumns) {
-        column.clear();
-        if (isExceptional)
-            column.shrink_to_fit();
+    if (FRoom > KeptRoom && FEnd < FRoom / 8) {
+        FValues.reset();
+        FRoom = 0;
     }
-    FFirst = 0;
-    FRoom = isExceptional ? 0 : FRoom;
+    FFirst = FEnd = 0;
 }
 
 TKxRowQueue::TKxRowQueue(std::size_t columns, TKxRowBound bound, std::function<void()> onRows)
@@ -97,7 +99,7 @@ bool TKxRowQueue::PushColumns(std::span<const std::span<const double>> columns) 
     return Put({nullptr, columns, 0, count});
 }
 
-bool TKxRowQueue::Put(TKxRows::TBlock block) noexcept
+bool TKxRowQueue::Put(TKxRows::TBlock&& block) noexcept
 {
     std::unique_lock lock(FMutex);
     while (block.Count > 0) {

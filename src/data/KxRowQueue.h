@@ -7,11 +7,11 @@
 #include <condition_variable>
 #include <cstdint>
 #include <functional>
+#include <memory>
 #include <mutex>
 #include <span>
 #include <string>
 #include <thread>
-#include <vector>
 
 namespace plotkit {
 
@@ -32,11 +32,10 @@ struct TKxRowBound
 class TKxRows
 {
 public:
-    /// `columns` above 0.
-    explicit TKxRows(std::size_t columns) : FColumns(columns) {}
+    explicit TKxRows(std::size_t columns) : FWidth(columns) {}
 
-    std::size_t GetCount() const { return FColumns.front().size() - FFirst; }
-    std::span<const double> Column(std::size_t i) const { return std::span(FColumns[i]).subspan(FFirst); }
+    std::size_t GetCount() const { return FEnd - FFirst; }
+    std::span<const double> Column(std::size_t i) const { return {FValues.get() + i * FRoom + FFirst, GetCount()}; }
 
 private:
     friend class TKxRowQueue;
@@ -51,13 +50,15 @@ private:
 
     /// The first `count` rows of `block`; all of them or, when memory is out, none.
     void Append(const TBlock& block, std::size_t count);
-    void MakeRoom(std::size_t count);
+    void Grow(std::size_t count);
+    void MoveTo(double* values, std::size_t room);
     void DropFirst(std::size_t count);
     void Clear();
 
-    std::vector<std::vector<double>> FColumns;
-    std::size_t FFirst = 0;  ///< what stands before was dropped
-    std::size_t FRoom = 0;   ///< rows that every column holds without asking for memory
+    std::unique_ptr<double[]> FValues;  ///< column behind column
+    std::size_t FWidth;
+    std::size_t FRoom = 0;  ///< of a column
+    std::size_t FFirst = 0, FEnd = 0;
 };
 
 /// Any number of threads push, one takes: the one that made the queue. It is shared, so that it lives as long as
@@ -105,7 +106,7 @@ public:
     void Close();
 
 private:
-    bool Put(TKxRows::TBlock block) noexcept;
+    bool Put(TKxRows::TBlock&& block) noexcept;
     std::size_t MakeWay(std::unique_lock<std::mutex>& lock, TKxRows::TBlock& block);
     bool Complain(const char* format, std::size_t given, std::size_t wanted) noexcept;
     void Wake() noexcept;
