@@ -1,13 +1,13 @@
 #!/usr/bin/env bash
-# ./test.sh: sets everything up and runs all tests: the std-only folders under AddressSanitizer and UBSan, everything in the
-# release build, and Clang over all sources.
+# ./test.sh: sets everything up and runs all tests: the std-only folders under AddressSanitizer and UBSan, what threads share
+# under ThreadSanitizer, everything in the release build, and Clang over all sources.
 set -euo pipefail
 cd "$(dirname "$0")"
 . ./packages.sh
 plotkit_install "${plotkit_build_packages[@]}" "${plotkit_test_packages[@]}"
 export CCACHE_BASEDIR="$PWD" CCACHE_NOHASHDIR=1
 
-for preset in sanitize release; do
+for preset in threads sanitize release; do
     echo "== $preset"
     cmake --preset "$preset" -DBUILD_TESTING=ON >/dev/null
     cmake --build --preset "$preset" -- --quiet

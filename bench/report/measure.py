@@ -81,6 +81,7 @@ SUBJECTS = {
     "numerics": [google("numerics_bench"),
                  lambda: benchmarks("/usr/bin/python3", "bench/numerics/scipy_spline.py")],
     "drawing": [google("drawing_bench"), google("qwt_bench")],
+    "threads": [google("hand_over_bench")],
     "memory": [memory],
     "start": [start],
     "files": [files],

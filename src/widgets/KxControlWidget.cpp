@@ -23,7 +23,6 @@ namespace plotkit {
 
 namespace {
 
-
 TComposition CompositionOf(const QInputMethodEvent& event)
 {
     const QString text = event.preeditString();

@@ -1,0 +1,172 @@
+#include "data/KxRowQueue.h"
+
+#include <gtest/gtest.h>
+
+#include <set>
+
+#include "host/Errors.h"
+
+namespace plotkit {
+namespace {
+
+using TReals = std::vector<double>;
+
+constexpr std::size_t Threads = 3;
+
+/// The rows that were taken: the number of a thread and the count of its rows.
+struct TTaken
+{
+    std::array<double, Threads> Last{};
+    std::size_t Rows = 0;
+    bool IsInOrder = true, HasGaps = false;
+
+    std::size_t Add(const TKxRows& rows)
+    {
+        for (std::size_t i = 0; i < rows.GetCount(); ++i) {
+            double& last = Last.at(static_cast<std::size_t>(rows.Column(0)[i]));
+            const double count = rows.Column(1)[i];
+            IsInOrder = IsInOrder && count > last;
+            HasGaps = HasGaps || count != last + 1;
+            last = count;
+        }
+        Rows += rows.GetCount();
+        return rows.GetCount();
+    }
+};
+
+/// A row, a block of columns and a block of rows in turn.
+void PushAll(TKxRowQueue& queue, int thread, std::size_t rounds)
+{
+    const auto t = static_cast<double>(thread);
+    double n = 0;
+    for (std::size_t i = 0; i < rounds; ++i, n += 6) {
+        ASSERT_TRUE(queue.Push(thread, n + 1));
+        ASSERT_TRUE(queue.Push(TReals{t, t, t}, TReals{n + 2, n + 3, n + 4}));
+        ASSERT_TRUE(queue.PushRows(TReals{t, n + 5, t, n + 6}));
+    }
+}
+
+TEST(RowQueue, ThreadsKeepTheirOrderAndLoseNothing)
+{
+    constexpr std::size_t Rounds = 4000;
+    for (const TKxRowBound bound :
+         {TKxRowBound{}, TKxRowBound{100, wfWait}, TKxRowBound{2, wfWait}, TKxRowBound{100, wfDropOldest}}) {
+        std::atomic<int> wakes = 0, ended = 0;
+        TKxRowQueue queue(2, bound, [&] { ++wakes; });
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < Threads; ++i)
+            threads.emplace_back([&, i] {
+                PushAll(queue, static_cast<int>(i), Rounds);
+                ++ended;
+            });
+        TTaken taken;
+        for (int heard = 0; ended < static_cast<int>(Threads) || queue.GetCount() > 0;) {
+            if (wakes == heard)
+                continue;  // sooner or later somebody tells
+            ++heard;
+            while (taken.Add(queue.Take()) > 0) {
+            }
+        }
+        EXPECT_TRUE(taken.IsInOrder);
+        EXPECT_EQ(taken.HasGaps, queue.GetDropped() > 0);
+        EXPECT_EQ(taken.Rows + queue.GetDropped(), Threads * Rounds * 6);
+        EXPECT_TRUE(bound.WhenFull == wfDropOldest || queue.GetDropped() == 0);
+    }
+}
+
+TEST(RowQueue, WhatWasPushedBeforeItWasClosedCanBeTaken)
+{
+    for (const TKxRowBound bound : {TKxRowBound{}, TKxRowBound{10, wfWait}}) {
+        std::atomic<std::size_t> pushed = 0;
+        auto queue = std::make_shared<TKxRowQueue>(2, bound);
+        std::vector<std::jthread> threads;
+        for (std::size_t i = 0; i < Threads; ++i)
+            threads.emplace_back([queue, &pushed, i] {
+                for (std::size_t n = 0; queue->Push(i, ++n);)
+                    ++pushed;
+            });
+        TTaken taken;
+        while (taken.Rows < 5000)
+            taken.Add(queue->Take());
+        queue->Close();
+        taken.Add(queue->Take());
+        queue.reset();
+        threads.clear();
+        EXPECT_EQ(taken.Rows, pushed);
+        EXPECT_FALSE(taken.HasGaps);
+    }
+}
+
+TEST(RowQueue, TellsOnceUntilNothingIsFound)
+{
+    int told = 0;
+    bool isOutOfMemory = true;
+    TKxRowQueue queue(1, {}, [&] {
+        if (std::exchange(isOutOfMemory, false))
+            throw std::bad_alloc();
+        ++told;
+    });
+    EXPECT_TRUE(queue.Push(1));
+    EXPECT_EQ(told, 0);
+    for (int i = 0; i < 3; ++i)
+        EXPECT_TRUE(queue.Push(i));
+    EXPECT_EQ(queue.Take().GetCount(), 4u);
+    EXPECT_TRUE(queue.Push(4));
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(queue.Take().GetCount(), 1u);
+    EXPECT_EQ(queue.Take().GetCount(), 0u);
+    EXPECT_TRUE(queue.Push(5));
+    EXPECT_EQ(told, 2);
+}
+
+TEST(RowQueue, RefusesWhatIsNoRow)
+{
+    EXPECT_THROW(TKxRowQueue(0), EComponentError);
+    int told = 0;
+    TKxRowQueue queue(2, {}, [&] { ++told; });
+    EXPECT_FALSE(queue.Push(1, 2, 3));
+    EXPECT_EQ(told, 1);
+    EXPECT_EQ(queue.Take().GetCount(), 0u);
+    EXPECT_EQ(queue.TakeTrouble(), "3 values are no rows of 2 columns");
+    EXPECT_FALSE(queue.Push(TReals{1}, TReals{1, 2}));
+    EXPECT_FALSE(queue.Push(TReals{1}));
+    EXPECT_EQ(queue.TakeTrouble(), "Columns of 1 and of 2 values are no rows");
+    EXPECT_EQ(queue.TakeTrouble(), "");
+    EXPECT_TRUE(queue.Push(TReals{}, TReals{}));
+    EXPECT_EQ(queue.GetCount(), 0u);
+}
+
+TEST(RowQueue, DropsTheOldest)
+{
+    TKxRowQueue queue(1, {3, wfDropOldest});
+    for (int i = 0; i < 1000; ++i)
+        EXPECT_TRUE(queue.Push(i));
+    const auto taken = [&] {
+        const auto column = queue.Take().Column(0);
+        return TReals(column.begin(), column.end());
+    };
+    EXPECT_EQ(taken(), (TReals{997, 998, 999}));
+    EXPECT_TRUE(queue.Push(1) && queue.Push(TReals{2, 3, 4, 5, 6}) && queue.Push(7));
+    EXPECT_EQ(taken(), (TReals{5, 6, 7}));
+    EXPECT_EQ(queue.GetDropped(), 997u + 4u);
+}
+
+TEST(RowQueue, KeepsItsTwoBuffersAndGivesExceptionalOnesBack)
+{
+    TKxRowQueue queue(2, {10, wfWait});
+    const auto push = [&](std::size_t count) {
+        for (std::size_t i = 0; i < count; ++i)
+            queue.Push(i, i);  // the taking thread does not wait
+        return queue.Take().Column(1).data();
+    };
+    push(1000000);
+    push(1000);
+    push(1000);
+    std::set<const double*> buffers;
+    for (int i = 0; i < 50; ++i)
+        buffers.insert(push(1000));
+    EXPECT_EQ(buffers.size(), 2u);
+}
+
+}  // namespace
+}  // namespace plotkit
