@@ -31,15 +31,18 @@ using TEnds = std::pair<double, double>;
 
 [[gnu::target_clones("avx512f", "avx2", "default")]] TEnds RangeOf(const double* values, std::size_t count)
 {
-    constexpr std::size_t Lanes = 32;
+    constexpr std::size_t Lanes = 32, LineLength = 8, PageLength = 512;
     double low[Lanes], high[Lanes];
     std::fill_n(low, Lanes, values[0]);
     std::fill_n(high, Lanes, values[0]);
-    for (std::size_t i = 0; i + Lanes <= count; i += Lanes)
+    for (std::size_t i = 0; i + Lanes <= count; i += Lanes) {
+        for (std::size_t k = 0; k < Lanes; k += LineLength)
+            __builtin_prefetch(values + i + k + PageLength);
         for (std::size_t k = 0; k < Lanes; ++k) {
             low[k] = values[i + k] < low[k] ? values[i + k] : low[k];
             high[k] = values[i + k] > high[k] ? values[i + k] : high[k];
         }
+    }
     for (std::size_t i = count / Lanes * Lanes; i < count; ++i) {
         low[0] = std::min(low[0], values[i]);
         high[0] = std::max(high[0], values[i]);

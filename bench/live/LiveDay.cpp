@@ -1,5 +1,5 @@
-// The job of LiveDay is a day of live data at full speed: 1,000 pairs a second into vectors that keep the newest ones, in
-// the batches of 30 frames a second, a frame painted for every second. It tells what memory and frames did, hour by
+// The job of LiveDay is a day of live data at full speed: 1,000 pairs a second into vectors that keep the newest ones,
+// in the batches of 30 frames a second, a frame painted for every second. It tells what memory and frames did, hour by
 // hour, and fails when a value was lost.
 //
 // live_day [newest pairs, 100000] [hours, 24]
@@ -151,8 +151,9 @@ int main(int count, char** arguments)
     const int newest = count > 1 ? std::atoi(arguments[1]) : 100000;
     const long hours = count > 2 ? std::atol(arguments[2]) : 24;
     TLiveDay day(newest);
-    std::printf("newest %d\nhour       pairs    resident   ns/pair    median       max   cpu med   cpu max  (frame, ms)\n",
-                newest);
+    std::printf(
+        "newest %d\nhour       pairs    resident   ns/pair    median       max   cpu med   cpu max  (frame, ms)\n",
+        newest);
     long lost = 0;
     for (long hour = 1; hour <= hours; ++hour) {
         for (long second = 0; second < SecondsPerHour; ++second)

@@ -30,6 +30,13 @@ PLOTKIT_INLINE void Load(const double* values, TPack& pack)
     std::memcpy(&pack, values, sizeof pack);
 }
 
+/// Processors do not read ahead into the next page of memory by themselves.
+PLOTKIT_INLINE void AskFor(const double* values)
+{
+    constexpr std::uintptr_t page = 4096;
+    __builtin_prefetch(reinterpret_cast<const void*>(reinterpret_cast<std::uintptr_t>(values) + page));
+}
+
 struct TLook
 {
     TPack Low = TPack{} + TKxExtremes().Min;
@@ -50,6 +57,14 @@ struct TLook
         High = other.High > High ? other.High : High;
         Nothing += other.Nothing;
     }
+    /// Every value of the packs is what all of them tell.
+    PLOTKIT_INLINE void Spread()
+    {
+        Add(TLook{__builtin_shufflevector(Low, Low, 2, 3, 0, 1), __builtin_shufflevector(High, High, 2, 3, 0, 1),
+                  __builtin_shufflevector(Nothing, Nothing, 2, 3, 0, 1)});
+        Add(TLook{__builtin_shufflevector(Low, Low, 1, 0, 3, 2), __builtin_shufflevector(High, High, 1, 0, 3, 2),
+                  __builtin_shufflevector(Nothing, Nothing, 1, 0, 3, 2)});
+    }
 };
 
 PLOTKIT_INLINE TKxStretch LookThrough(const double* values, std::size_t count)
@@ -57,6 +72,8 @@ PLOTKIT_INLINE TKxStretch LookThrough(const double* values, std::size_t count)
     TLook a, b, c, d;
     std::size_t at = 0;
     for (; at + StripLength <= count; at += StripLength) {
+        AskFor(values + at);
+        AskFor(values + at + 2 * PackLength);
         a.Add(values + at);
         b.Add(values + at + PackLength);
         c.Add(values + at + 2 * PackLength);
@@ -67,12 +84,9 @@ PLOTKIT_INLINE TKxStretch LookThrough(const double* values, std::size_t count)
     a.Add(b);
     c.Add(d);
     a.Add(c);
-    TKxStretch stretch;
-    double nothing = 0;
-    for (std::size_t i = 0; i < PackLength; ++i) {
-        stretch.Extremes.Add({a.Low[i], a.High[i]});
-        nothing += a.Nothing[i];
-    }
+    a.Spread();
+    TKxStretch stretch{{a.Low[0], a.High[0]}};
+    double nothing = a.Nothing[0];
     for (; at < count; ++at) {
         stretch.Extremes.Add({values[at], values[at]});
         nothing += values[at] - values[at];
@@ -86,6 +100,7 @@ PLOTKIT_INLINE bool IsAscending(const double* values, std::size_t count)
     TMask ascends = TMask{} - 1;
     std::size_t at = 1;
     for (; at + PackLength <= count; at += PackLength) {
+        AskFor(values + at);
         TPack before, pack;
         Load(values + at - 1, before);
         Load(values + at, pack);
@@ -188,6 +203,13 @@ bool Ascends(std::span<const double> values)
 
 std::size_t LastDescent(std::span<const double> values)
 {
+    // Memory is read faster forward.
+    std::size_t ordered = 0;
+    while (ordered + 1 < values.size() &&
+           AnyAscending(values.data() + ordered, std::min(ChunkLength + 1, values.size() - ordered)))
+        ordered += ChunkLength;
+    if (ordered + 1 >= values.size())
+        return 0;
     for (std::size_t last = values.size(); last > 1;) {
         const std::size_t first = last - std::min(ChunkLength, last - 1) - 1;
         if (!AnyAscending(values.data() + first, last - first))

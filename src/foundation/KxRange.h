@@ -70,6 +70,19 @@ public:
         SetStartStop(isMin ? value : FStart, isMax ? value : FStop);
         return isMin && isMax ? rgBothChanged : isMin ? rgMinChanged : rgMaxChanged;
     }
+    /// The same for both ends of another range, one after the other, unless that is empty.
+    void Unite(const TRange& other)
+    {
+        if (other.FStop < other.FStart)
+            return;
+        if (FStart > FStop && !OnChanged) {
+            FStart = other.FStart;
+            FStop = other.FStop;
+            return;
+        }
+        IfRangeChanged(other.FStart);
+        IfRangeChanged(other.FStop);
+    }
     /// Start and Stop of another range, with notification; the listener is not copied.
     /// EConvertError "Cannot be assigned to TRange" from anything else.
     void Assign(const TPersistent& source) override;

@@ -102,12 +102,8 @@ TKxAxisMapping TKxAxisScale::Mapping() const
 void TKxAxisScale::ValuesRangeChanged(TRange&)
 {
     FValuesRange.Reset();
-    for (const TRange* range : FValueRanges) {
-        if (range->GetStop() < range->GetStart())
-            continue;
-        FValuesRange.IfRangeChanged(range->GetStart());
-        FValuesRange.IfRangeChanged(range->GetStop());
-    }
+    for (const TRange* range : FValueRanges)
+        FValuesRange.Unite(*range);
     if (FValuesRange.GetStart() > FValuesRange.GetStop())
         return;
     FollowEnd<&TRange::SetStart>(FStartEnd, FValuesRange.GetStart());
