@@ -1,5 +1,7 @@
 #include "host/VectorDevice.h"
 
+#include "host/StrokeReduction.h"
+
 namespace plotkit {
 
 namespace {
@@ -11,6 +13,8 @@ constexpr std::size_t LongestPiece = 2000;
 constexpr double Reach = 2;
 /// In 1/96 inches: of lines up to here nobody sees that their ends are not cut along the box.
 constexpr double WidestUncut = 1;
+/// Of a thin pen's width, 1/96 inch: what a line does in a column so wide is hidden by the strokes beside it.
+constexpr double ColumnPart = 9.0 / 16;
 
 /// Where in the pixel a stroke runs so that it fills whole ones.
 double MiddleOf(const TPenState& pen)
@@ -83,6 +87,10 @@ void TVectorDevice::Polyline(std::span<const TPoint> points, const TPenState& pe
     TVectorPen stroke = StrokeOf(pen);
     const double shift = MiddleOf(pen);
     const bool isDashed = IsDashed(pen.Style);
+    if (!isDashed) {
+        KeepColumns(points, static_cast<int>(std::min(FScale, stroke.Width) * ColumnPart), FMerged);
+        points = FMerged;
+    }
     KeepVisiblePoints(points, !isDashed, FKept);
     if (FKept.size() == 1)
         return Dot(Middle(FKept[0], shift), pen, Visible(state, stroke.Width));

@@ -60,7 +60,7 @@ private:
     TRect FPage;
     double FScale;
     const TTextMeasurer& FMeasurer;
-    std::vector<TPoint> FKept;
+    std::vector<TPoint> FKept, FMerged;
     std::vector<TVectorPoint> FPiece;
     TVectorPath FPath;
 };

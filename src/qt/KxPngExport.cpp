@@ -7,6 +7,7 @@
 
 #include "host/Errors.h"
 #include "host/StringList.h"
+#include "qt/KxPalette.h"
 #include "qt/KxQtDevice.h"
 
 namespace plotkit {
@@ -57,7 +58,7 @@ std::string PngFile(const QImage& image)
     QBuffer buffer;
     buffer.open(QIODevice::WriteOnly);
     QImageWriter writer(&buffer, "png");
-    if (!writer.write(image))
+    if (!writer.write(WithPalette(image)))
         throw EFileError("Cannot write the picture: " + writer.errorString().toStdString());
     return buffer.data().toStdString();
 }

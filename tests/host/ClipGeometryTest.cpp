@@ -6,6 +6,7 @@
 #include <random>
 
 #include "host/PenPattern.h"
+#include "host/StrokeReduction.h"
 
 namespace plotkit {
 namespace {
@@ -151,6 +152,38 @@ TEST(ClipGeometryTest, PointsLeftOutAreOnTheRestOfTheLine)
         noise.push_back({i / 100, i * 7919 % 500});
     KeepVisiblePoints(noise, true, kept);
     EXPECT_LE(kept.size(), 200U);
+}
+
+TEST(ClipGeometryTest, ColumnsKeepWhatIsSeenOfALine)
+{
+    constexpr int column = 9;
+    std::vector<TPoint> kept;
+    for (int round = 0; round < Rounds / 3; ++round) {
+        std::vector<TPoint> line{{Number(-50, 50), 0}};
+        const int back = round % 3 == 0 ? -2 : 0, sign = round % 2 == 0 ? 1 : -1;
+        for (int i = Number(0, 300); i > 0; --i)
+            line.push_back({line.back().X + sign * Number(back, 2),
+                            round % 5 == 0 ? line.back().Y + Number(-9, 9) : Number(-500, 500)});
+        KeepColumns(line, column, kept);
+        EXPECT_EQ(kept.front(), line.front());
+        EXPECT_EQ(kept.back(), line.back());
+        std::vector<TVectorPoint> rest;
+        for (const TPoint& p : kept)
+            rest.push_back({1.0 * p.X, 1.0 * p.Y});
+        for (const TPoint& p : line)
+            ASSERT_LE(DistanceTo({1.0 * p.X, 1.0 * p.Y}, rest), column) << round;
+    }
+    std::vector<TPoint> curve, noise;
+    for (int i = 0; i < 1000; ++i) {
+        curve.push_back({3 * i, i * i / 100});
+        noise.push_back({i / 8, i == 500 ? 900 : i * 7919 % 32});
+    }
+    KeepColumns(curve, column, kept);
+    EXPECT_EQ(kept, curve);
+    KeepColumns(noise, column, kept);
+    EXPECT_LE(kept.size(), 40U);
+    const auto spike = std::find(kept.begin(), kept.end(), noise[500]);
+    EXPECT_EQ(std::vector(spike - 1, spike + 2), std::vector(noise.begin() + 499, noise.begin() + 502)) << "thin";
 }
 
 TEST(ClipGeometryTest, HatchLinesFillThePolygonAtTheirPlaces)

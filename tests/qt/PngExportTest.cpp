@@ -80,6 +80,19 @@ TEST(PngExport, HasTheWantedSizeAndResolution)
     EXPECT_EQ(QDir(folder.path()).entryList(QDir::Files).size(), 1);
 }
 
+TEST(PngExport, FilesHoldEveryColour)
+{
+    for (const int colors : {1, 2, 256, 257}) {
+        QImage image(40, 30, QImage::Format_RGB32);
+        for (int i = 0; i < 1200; ++i)
+            image.setPixel(i % 40, i / 40, static_cast<QRgb>(i % colors * 0x10203));
+        const std::string file = PngFile(image);
+        const QImage read = QImage::fromData(QByteArray::fromStdString(file));
+        EXPECT_EQ(read.convertToFormat(QImage::Format_RGB32), image) << colors;
+        EXPECT_EQ(read.format() == QImage::Format_RGB32, colors > 256);
+    }
+}
+
 TEST(PngExport, WritesWholeFilesOrNone)
 {
     TTree tree;

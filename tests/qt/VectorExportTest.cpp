@@ -7,12 +7,15 @@
 #include <QMimeData>
 #include <QPrinter>
 #include <QTemporaryDir>
+#include <random>
+#include <tuple>
 
 #include "PixelSheet.h"
 #include "graph/KxGraph2D.h"
 #include "host/Errors.h"
 #include "host/Form.h"
 #include "host/Host.h"
+#include "host/SvgDevice.h"
 #include "qt/KxPictureCopy.h"
 #include "qt/KxPngExport.h"
 #include "qt/KxQtVectorDevice.h"
@@ -75,7 +78,82 @@ TRecording Sample()
     return picture;
 }
 
+/// 50 x 37.5 1/96 inches.
+TMetafile PictureOf(const std::vector<TPoint>& points, TPenStyle style = psSolid)
+{
+    TMetafile picture;
+    picture.Width = 800;
+    picture.Height = 600;
+    picture.PixelScale = 16;
+    picture.Recording.Polyline(points, Pen(style, 16), {});
+    return picture;
+}
+
+/// So fine because Qt makes the edges darker where strokes lie on each other.
+QImage Drawn(const TMetafile& picture)
+{
+    QImage image(picture.Width, picture.Height, QImage::Format_Grayscale8);
+    image.fill(Qt::white);
+    QPainter painter(&image);
+    DrawVectorPicture(painter, picture, QRectF(image.rect()));
+    painter.end();
+    return image;
+}
+
+/// 5,000 points across the picture.
+template <class TOrdinate>
+std::vector<TPoint> LongLine(TOrdinate y)
+{
+    std::vector<TPoint> points;
+    for (int i = 0; i < 5000; ++i)
+        points.push_back({50 + i * 7 / 50, static_cast<int>(300 + 250 * y(i))});
+    return points;
+}
+
 }  // namespace
+
+TEST(VectorExport, LongLinesLookAsAllTheirPointsDo)
+{
+    std::mt19937 random(7);
+    std::normal_distribution<double> one;
+    double walk = 0;
+    auto circle = LongLine([](int i) { return std::sin(i * 12e-4); });
+    for (std::size_t i = 0; i < circle.size(); ++i)
+        circle[i].X = static_cast<int>(400 + 250 * std::cos(12e-4 * static_cast<double>(i)));
+    const std::tuple<const char*, std::vector<TPoint>, int, double> cases[]{
+        {"noise", LongLine([&](int) { return one(random) / 4; }), 120, 5},
+        {"walk", LongLine([&](int) { return walk += one(random) / 150; }), 80, 18},
+        {"spikes", LongLine([&](int i) { return i % 1171 == 0 ? 1 : one(random) / 50; }), 48, 5},
+        {"steps", LongLine([](int i) { return i / 777 % 2; }), 24, 3},
+        {"circle", circle, 24, 12},
+    };
+    for (const auto& [name, points, most, mean] : cases) {
+        TMetafile picture = PictureOf(points);
+        const QImage kept = Drawn(picture);
+        picture.PixelScale = 1;  // where nothing is merged
+        const QImage all = Drawn(picture);
+        for (const int zoom : {1, 4}) {
+            const QImage a = all.scaledToWidth(50 * zoom, Qt::SmoothTransformation);
+            const QImage b = kept.scaledToWidth(50 * zoom, Qt::SmoothTransformation);
+            double drawn = 0, sum = 0, worst = 0;
+            for (int y = 0; y < a.height(); ++y)
+                for (int x = 0; x < a.width(); ++x) {
+                    const int was = qGray(a.pixel(x, y)), difference = std::abs(was - qGray(b.pixel(x, y)));
+                    drawn += was < 255;
+                    sum += difference;
+                    worst = std::max<double>(worst, difference);
+                }
+            EXPECT_LE(worst, zoom == 1 ? most : 255) << name;
+            EXPECT_LE(sum / drawn, mean) << name << " " << zoom;
+        }
+    }
+    const auto size = [&](TPenStyle style) {
+        return SvgDocument(PictureOf(std::get<1>(cases[0]), style), Host().TextMeasurer()).size();
+    };
+    EXPECT_LT(size(psSolid), 1600U);
+    EXPECT_GT(size(psDash), 12000U) << "dashes would stand elsewhere";
+    EXPECT_LT(PdfFile(PictureOf(std::get<1>(cases[0])), {}).size(), 2400U);
+}
 
 TEST(VectorExport, ShapesLookAsTheRasterDeviceDrawsThem)
 {
