@@ -9,6 +9,7 @@
 #include "data/KxVector.h"
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
+#include "graph/KxLegend.h"
 #include "host/Form.h"
 #include "qt/KxGraphWidget.h"
 #include "qt/KxLiveFeed.h"
@@ -39,9 +40,10 @@ TKxLiveVector* NewVector(TForm& form)
     return vector;
 }
 
-void AddCurve(TKx2DGraph& graph, TKxRealVector* x, TKxRealVector* y, TColor color)
+void AddCurve(TKx2DGraph& graph, TKxRealVector* x, TKxRealVector* y, const char* name, TColor color)
 {
     auto* series = new TKxDataSeries(graph.Owner());
+    series->SetCaption(TKxCaption(name));
     series->SetXAxis(graph.GetPrimaryXAxis());
     series->SetYAxis(graph.GetPrimaryYAxis());
     series->GetPointStyle().SetVisible(false);
@@ -62,8 +64,12 @@ int main(int argc, char** argv)
     graph->SetParent(&form);
     graph->SetAlign(alClient);
     TKxLiveVector *second = NewVector(form), *volt = NewVector(form), *ampere = NewVector(form);
-    AddCurve(*graph, second, volt, clRed);
-    AddCurve(*graph, second, ampere, clBlue);
+    AddCurve(*graph, second, volt, "U / V", clRed);
+    AddCurve(*graph, second, ampere, "I / A", clBlue);
+    graph->GetPrimaryXAxis()->SetUserCaption("t / s");
+    graph->GetPrimaryXAxis()->SetDoUserCaption(true);
+    graph->GetPrimaryXAxis()->SetShowCaption(true);
+    (new TKxLegend(&form))->SetParent(graph);
 
     TKxLiveFeed feed({second, volt, ampere});
     std::size_t shown = 0;
