@@ -6,6 +6,7 @@
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
 #include "host/PixelMath.h"
+#include "host/Restore.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -192,6 +193,7 @@ void TKxSeries::FollowNewValues(bool isX, int first, int end)
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
+    const TRestore growing(FOnlyGrows, OnlyGrows(index, wasDeleted));
     FChildsNeedRecalc = true;
     FDrawnLine.ValueChanged(index, wasDeleted);
     const bool isCurrent = FDrawnLine.IsCurrent;
@@ -215,7 +217,9 @@ void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
     if (!FPointsNeedRecalc && (FX.HasMoved() || FY.HasMoved()))
         FPointsNeedRecalc = true;      // the others were made with another mapping
     FDrawnLine.IsCurrent = isCurrent;  // a range that widens makes no point another
-    if (World() && !FHasTold)
+    if (FOnlyGrows)
+        TellGrowth();
+    else if (World() && !FHasTold)
         World()->Invalidate();
 }
 
