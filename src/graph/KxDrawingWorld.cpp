@@ -5,6 +5,8 @@
 #include "graph/KxGraph2D.h"
 #include "host/CheckedMath.h"
 #include "host/Errors.h"
+#include "host/PixelMath.h"
+#include "host/Restore.h"
 
 namespace plotkit {
 
@@ -81,6 +83,34 @@ void TKxDrawingWorld::Paint()
     // markers that are seen stand in the overlay.
     if (FMarkersShown)
         PaintMarkers(Canvas());
+}
+
+void TKxDrawingWorld::PaintPart()
+{
+    const TRestore part(FPaintsPart, true);
+    Paint();
+}
+
+std::optional<TRect> TKxDrawingWorld::ChangedPart()
+{
+    if (!GraphIsReady())
+        return std::nullopt;
+    RefreshOverlay();  // what stands there may read the new points
+    TRect changed;
+    if (!AddGrownParts(FSeriesList, changed))
+        return std::nullopt;
+    return MoveBox(changed, FDataRect.TopLeft());
+}
+
+bool TKxDrawingWorld::AddGrownParts(const TKxSeriesList& list, TRect& changed) const
+{
+    for (TKxPlottable* series : list) {
+        const auto part = series->GrownPart();
+        if (!part || !AddGrownParts(series->Childs(), changed))
+            return false;
+        changed = changed.United(*part);
+    }
+    return true;
 }
 
 void TKxDrawingWorld::DrawSeries()

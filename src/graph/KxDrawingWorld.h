@@ -65,6 +65,12 @@ public:
     bool NearStart(int x) const;
     bool NearStop(int x) const;
 
+    /// A series has points at its end that were not drawn yet, and is otherwise as it was.
+    void SeriesGrew() { InvalidatePart(); }
+    std::optional<TRect> ChangedPart() override;
+    /// Whether series are drawn under a clip that leaves a small part of the plotting area.
+    bool PaintsPart() const { return FPaintsPart; }
+
     void SetBounds(int left, int top, int width, int height) override;
     void SetColor(TColor color) override;
     void MouseDown(TMouseButton button, TShiftState shift, int x, int y) override;
@@ -75,6 +81,7 @@ public:
 
 protected:
     void Paint() override;
+    void PaintPart() override;
     void CMScaleChanged() override;
 
 private:
@@ -85,6 +92,7 @@ private:
     TRecording ForOverlay(void (TKxDrawingWorld::*paint)(TCanvas&) const);
     void PaintForeign(TCanvas& canvas) const { OnPaintOverlay(canvas); }
     void ReplaceInOverlay(TRecording& drawn, TRecording by);
+    bool AddGrownParts(const TKxSeriesList& list, TRect& changed) const;
     void DrawSeries();
     void DrawSeriesList(const TKxSeriesList& list);
     void DragMarkers(int x);
@@ -105,6 +113,7 @@ private:
     bool FDraggingStart = false;
     bool FDraggingStop = false;
     bool FZooming = false;
+    bool FPaintsPart = false;
     bool FAutoZoom = false;
 };
 

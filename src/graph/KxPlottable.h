@@ -1,6 +1,8 @@
 // The job of KxPlottable is what the graph panel, its plotting area and its legends ask of a series.
 #pragma once
 
+#include <optional>
+
 #include "host/Component.h"
 #include "host/List.h"
 #include "host/Types.h"
@@ -49,6 +51,9 @@ public:
     /// Whether `DrawPoints` is to be called at all.
     virtual bool HasPointSymbols() const { return false; }
     virtual void DrawPoints() {}
+    /// After the series told the plotting area that it has only grown: a box around all that is drawn in another way
+    /// than last time, device pixels from the data rectangle's top left corner; nothing when that is not known.
+    virtual std::optional<TRect> GrownPart() { return TRect{}; }
     /// Values, styles or axes changed: the points are stale, the plotting area wants a repaint.
     virtual void Modified() = 0;
 

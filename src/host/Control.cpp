@@ -285,6 +285,12 @@ void TControl::Invalidate()
         root->WantPaint();
 }
 
+void TControl::InvalidatePart()
+{
+    if (TWindowControl* root = RootWindow())
+        root->WantPartPaint(*this);
+}
+
 TCanvas& TControl::Canvas()
 {
     TWindowControl* root = RootWindow();

@@ -2,6 +2,7 @@
 #pragma once
 
 #include <memory>
+#include <optional>
 #include <string>
 #include <vector>
 
@@ -84,6 +85,11 @@ public:
 
     /// Asks for a repaint of the whole tree at the next occasion.
     virtual void Invalidate();
+    /// The same for when only a part of what this control paints looks different; `ChangedPart` will tell which.
+    void InvalidatePart();
+    /// Asked once after calls of `InvalidatePart`: a box around all that looks different, in own pixels; nothing when
+    /// that is not known.
+    virtual std::optional<TRect> ChangedPart() { return std::nullopt; }
     /// While the tree is painted the canvas of the paint, otherwise the tree's overlay; the origin is this control's
     /// top left corner, moved by `CanvasOrigin`.
     TCanvas& Canvas();
@@ -126,6 +132,8 @@ public:
 protected:
     /// Draws the control on `Canvas()`.
     virtual void Paint() {}
+    /// The same where the clip leaves a small part to be seen: all that cannot reach into it may be left out.
+    virtual void PaintPart() { Paint(); }
     virtual void CMTextChanged() {}
     virtual void CMFontChanged();
     virtual void CMVisibleChanged() { Invalidate(); }

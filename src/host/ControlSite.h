@@ -16,6 +16,8 @@ public:
 
     /// Something in the tree wants to be painted again.
     virtual void TreeInvalidated() = 0;
+    /// Only parts of the picture look different, which whoever keeps it can paint alone.
+    virtual void TreePartsInvalidated() { TreeInvalidated(); }
     /// The overlay changed; the picture did not.
     virtual void OverlayChanged() = 0;
     /// The control under the pointer, or its cursor or hint, changed.

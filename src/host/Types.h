@@ -39,6 +39,14 @@ struct TRect
     constexpr bool IsEmpty() const { return Right <= Left || Bottom <= Top; }
     constexpr bool Contains(TPoint p) const { return p.X >= Left && p.X < Right && p.Y >= Top && p.Y < Bottom; }
     constexpr TRect Shifted(TPoint by) const { return {Left + by.X, Top + by.Y, Right + by.X, Bottom + by.Y}; }
+    /// A box around both; an empty one adds nothing.
+    constexpr TRect United(const TRect& other) const
+    {
+        if (IsEmpty() || other.IsEmpty())
+            return IsEmpty() ? other : *this;
+        return {std::min(Left, other.Left), std::min(Top, other.Top), std::max(Right, other.Right),
+                std::max(Bottom, other.Bottom)};
+    }
     /// The common part; empty boxes come back with no extent, never inverted.
     constexpr TRect Intersected(const TRect& other) const
     {

@@ -12,6 +12,9 @@
 
 namespace plotkit {
 
+class TKeptPicture;
+struct TPaintLog;
+
 class TWindowControl : public TControl
 {
 public:
@@ -105,6 +108,7 @@ protected:
 
 private:
     friend class TControl;
+    friend class TKeptPicture;
     struct TPaintScope;
     /// Tells the site that the picture has something drawn over it.
     class TTreeOverlay : public TOverlay
@@ -128,10 +132,13 @@ private:
     TWindowControl& RootOfThis() { return static_cast<TWindowControl&>(Root()); }
 
     void WantPaint();
+    void WantPartPaint(TControl& control);
+    TRecording SettledPicture(TPaintLog* log);
+    void PaintAlone(TControl& control, TRecording& picture, const TRect& clip);
     TCanvas& CanvasOfOverlay();
     TRect ClipInRoot() const;
     void PaintTree(TControl& control, TCanvas& canvas, const TRect& clip);
-    void PaintOne(TControl& control, TCanvas& canvas, const TRect& clip);
+    void PaintOne(TControl& control, TCanvas& canvas, const TRect& clip, bool isPart = false);
 
     void Forget(const TControl* control);
     void ChangeFocus(TWindowControl* to);
@@ -149,6 +156,10 @@ private:
     TControl* FClickTarget = nullptr;
     TControl* FUnderPointer = nullptr;
     TWindowControl* FFocused = nullptr;
+    std::vector<TControl*> FChangedParts;   ///< of a root, like the next four: who asked for a part
+    TPaintLog* FPaintLog = nullptr;         ///< of the picture that is being made
+    const TKeptPicture* FKeeper = nullptr;  ///< has the last picture, which parts can be painted into
+    bool FPartsWanted = false;              ///< once somebody asked for a part pictures are worth keeping
     double FPixelScale = 1;
     int FAlignSuspended = 0;
     unsigned FButtons = 0;  ///< a bit for each pressed button

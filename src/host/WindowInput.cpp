@@ -131,6 +131,7 @@ void TWindowControl::Forget(const TControl* control)
         ChangeFocus(nullptr);
     if (FUnderPointer && isInside(FUnderPointer))
         PointerMovedTo(nullptr);
+    std::erase_if(FChangedParts, isInside);
 }
 
 void TWindowControl::SetFocus()

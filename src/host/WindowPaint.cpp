@@ -1,3 +1,4 @@
+#include "host/KeptPicture.h"
 #include "host/PixelMath.h"
 #include "host/Restore.h"
 #include "host/VectorState.h"
@@ -59,6 +60,19 @@ void TWindowControl::WantPaint()
         FSite->TreeInvalidated();
 }
 
+void TWindowControl::WantPartPaint(TControl& control)
+{
+    if (Parent())
+        return RootOfThis().WantPartPaint(control);
+    FPartsWanted = true;
+    if (FNeedsPaint || !FKeeper || !FSite)
+        return WantPaint();
+    if (std::find(FChangedParts.begin(), FChangedParts.end(), &control) == FChangedParts.end())
+        FChangedParts.push_back(&control);
+    if (!IsDestroying())
+        FSite->TreePartsInvalidated();
+}
+
 TCanvas& TWindowControl::CanvasOfOverlay()
 {
     const TTextMeasurer& measurer = Host().TextMeasurer();
@@ -82,6 +96,9 @@ void TWindowControl::PaintTo(TCanvas& canvas)
     const TPoint own = OriginInRoot();
     const TPoint base =
         MovePoint(canvas.Origin(), {SaturatePixel(-std::int64_t{own.X}), SaturatePixel(-std::int64_t{own.Y})});
+    // What is painted elsewhere is no longer what the keeper of a picture has.
+    RootOfThis().FKeeper = nullptr;
+    RootOfThis().FChangedParts.clear();
     const TPaintScope scope(RootOfThis(), canvas, base);
     PaintTree(*this, canvas, canvas.WindowClip().Intersected(MoveBox(ClientRect(), canvas.Origin())));
 }
@@ -107,9 +124,11 @@ void TWindowControl::PaintTree(TControl& control, TCanvas& canvas, const TRect& 
     }
 }
 
-void TWindowControl::PaintOne(TControl& control, TCanvas& canvas, const TRect& clip)
+void TWindowControl::PaintOne(TControl& control, TCanvas& canvas, const TRect& clip, bool isPart)
 {
     const auto alive = control.Lifeline().Watch();
+    if (TPaintLog* const log = RootOfThis().FPaintLog; log && &canvas.Device() == &log->Picture)
+        log->Controls.push_back({&control, clip, log->Picture.Commands.size()});
     canvas.RemoveClip();
     canvas.SetWindowClip(clip);
     canvas.Pen = TPen();
@@ -118,7 +137,7 @@ void TWindowControl::PaintOne(TControl& control, TCanvas& canvas, const TRect& c
     control.FCanvasOrigin = {};
     control.Canvas();
     try {
-        control.Paint();
+        isPart ? control.PaintPart() : control.Paint();
         if (!alive.expired())
             control.FPaintFailed = false;
     } catch (const std::exception& error) {
@@ -131,7 +150,19 @@ void TWindowControl::PaintOne(TControl& control, TCanvas& canvas, const TRect& c
     }
 }
 
+void TWindowControl::PaintAlone(TControl& control, TRecording& picture, const TRect& clip)
+{
+    TCanvas canvas(picture, Host().TextMeasurer(), FPixelScale);
+    const TPaintScope scope(*this, canvas, {});
+    PaintOne(control, canvas, clip, true);
+}
+
 TRecording TWindowControl::Picture()
+{
+    return SettledPicture(nullptr);
+}
+
+TRecording TWindowControl::SettledPicture(TPaintLog* log)
 {
     EndSlowVectorState();
     RootOfThis().MakeRoot();
@@ -140,12 +171,16 @@ TRecording TWindowControl::Picture()
     const bool isPart = &root != this;
     const bool wasWanted = root.FNeedsPaint;
     bool asked = false;
-    TRecording picture;
+    TRecording own;
+    TRecording& picture = log ? log->Picture : own;
     {
         const TRestore settling(root.FSettling, true);
+        const TRestore logging(root.FPaintLog, log);
         for (int pass = 0; pass < MaxPasses; ++pass) {
             root.FNeedsPaint = false;
             picture.Clear();
+            if (log)
+                log->Controls.clear();
             TCanvas canvas(picture, Host().TextMeasurer(), PixelScale());
             PaintTo(canvas);
             if (!root.FNeedsPaint)
@@ -159,7 +194,7 @@ TRecording TWindowControl::Picture()
         if (!wasWanted)
             root.WantPaint();
     }
-    return picture;
+    return own;
 }
 
 }  // namespace plotkit

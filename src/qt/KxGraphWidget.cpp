@@ -8,7 +8,6 @@
 #include <QWheelEvent>
 #include <cmath>
 
-#include "qt/KxQtDevice.h"
 #include "qt/KxQtHost.h"
 #include "qt/KxQtKeys.h"
 
@@ -22,7 +21,16 @@ public:
     ~TSite() override { BeginDestroy(); }
 
     void TreeInvalidated() override { FWidget.PictureInvalidated(); }
-    void OverlayChanged() override { FWidget.OverlayInvalidated(); }
+    void TreePartsInvalidated() override
+    {
+        FWidget.FShown.PartsChanged();
+        FWidget.AskForParts();
+    }
+    void OverlayChanged() override
+    {
+        FWidget.FShown.OverlayChanged();
+        FWidget.AskForParts();
+    }
     void PointerChanged(TControl* under) override { FWidget.ShowPointerOf(under); }
 
 protected:
@@ -99,46 +107,21 @@ void KxGraphWidget::FitRoot()
     });
 }
 
-void KxGraphWidget::PaintPicture()
-{
-    FPictureStale = false;
-    FOverlayStale = true;
-    FShown = {};  // else the picture would be copied before it is painted
-    const QSize size(FRoot->GetWidth(), FRoot->GetHeight());
-    if (FPicture.size() != size)
-        FPicture = QImage(size, QImage::Format_RGB32);
-    FPicture.setDevicePixelRatio(1);
-    FPicture.fill(QtColor(FRoot->GetColor()));
-    const TRecording picture = FRoot->Picture();
-    QPainter painter(&FPicture);
-    TQtDevice device(painter, FRoot->OwnPixelScale());
-    picture.Replay(device);
-}
-
-void KxGraphWidget::PaintOverlay()
-{
-    FOverlayStale = false;
-    FPicture.setDevicePixelRatio(1);
-    FShown = FPicture;
-    if (FRoot->Overlay().Commands.empty())
-        return;
-    QPainter painter(&FShown);
-    TQtDevice device(painter, FRoot->OwnPixelScale());
-    FRoot->Overlay().Replay(device);
-}
-
-QImage KxGraphWidget::Shown()
+void KxGraphWidget::BringUpToDate()
 {
     FPainting = true;
     FitRoot();
     Guarded([this] {
-        if (FRoot && FPictureStale)
-            PaintPicture();
-        if (FRoot && FOverlayStale)
-            PaintOverlay();
+        if (FRoot)
+            FShown.Update(*FRoot);
     });
     FPainting = false;
-    return FRoot ? FShown : QImage();
+}
+
+QImage KxGraphWidget::Shown()
+{
+    BringUpToDate();
+    return FRoot ? FShown.Image() : QImage();
 }
 
 void KxGraphWidget::paintEvent(QPaintEvent*)
@@ -149,17 +132,30 @@ void KxGraphWidget::paintEvent(QPaintEvent*)
 
 void KxGraphWidget::DrawRoot(QPainter& painter)
 {
-    FAsksForPaint = false;
-    QImage shown = Shown();
-    if (shown.isNull()) {
+    const bool isWhole = std::exchange(FAsksForPaint, false);
+    BringUpToDate();
+    const QRegion changed = FShown.TakeChanged();
+    const QImage& shown = FShown.Image();
+    if (!FRoot || shown.isNull()) {
         painter.fillRect(RootRect(), palette().window());
         return;
     }
-    FShown = {};
-    shown.setDevicePixelRatio(devicePixelRatioF());
-    painter.drawImage(RootRect().topLeft(), shown);
-    shown.setDevicePixelRatio(1);
-    FShown = std::move(shown);
+    // A view of the same pixels: an image that is given another ratio copies them when somebody else has it.
+    QImage view(const_cast<uchar*>(shown.constBits()), shown.width(), shown.height(), shown.bytesPerLine(),
+                shown.format());
+    view.setDevicePixelRatio(devicePixelRatioF());
+    painter.drawImage(RootRect().topLeft(), view);
+    // What came since the event was asked for may lie beside it.
+    if (!isWhole)
+        for (const QRect& pixels : changed)
+            update(WidgetRect(pixels));
+}
+
+QRect KxGraphWidget::WidgetRect(const QRect& pixels) const
+{
+    const double ratio = devicePixelRatioF();
+    const QRectF box(pixels.x() / ratio, pixels.y() / ratio, pixels.width() / ratio, pixels.height() / ratio);
+    return box.toAlignedRect().translated(RootRect().topLeft());
 }
 
 void KxGraphWidget::resizeEvent(QResizeEvent*)
@@ -169,13 +165,7 @@ void KxGraphWidget::resizeEvent(QResizeEvent*)
 
 void KxGraphWidget::PictureInvalidated()
 {
-    FPictureStale = true;
-    AskForPaint();
-}
-
-void KxGraphWidget::OverlayInvalidated()
-{
-    FOverlayStale = true;
+    FShown.PictureChanged();
     AskForPaint();
 }
 
@@ -186,6 +176,26 @@ void KxGraphWidget::AskForPaint()
         return;
     FAsksForPaint = true;
     update();
+}
+
+void KxGraphWidget::AskForParts()
+{
+    if (FPainting || FAsksForPaint || FAsksForParts)
+        return;
+    FAsksForParts = true;
+    // Which parts is known when all that is under way has come.
+    QMetaObject::invokeMethod(
+        this, [this] { UpdateParts(); }, Qt::QueuedConnection);
+}
+
+void KxGraphWidget::UpdateParts()
+{
+    FAsksForParts = false;
+    if (FAsksForPaint || !isVisible())
+        return;
+    BringUpToDate();
+    for (const QRect& pixels : FShown.TakeChanged())
+        update(WidgetRect(pixels));
 }
 
 void KxGraphWidget::ShowPointerOf(TControl* control)

@@ -1,18 +1,18 @@
 // The job of KxGraphWidget is to show a control tree in a Qt window and to serve it with mouse and keys.
 #pragma once
 
-#include <QImage>
 #include <QWidget>
 #include <functional>
 #include <memory>
 
-#include "host/WindowControl.h"
+#include "qt/KxShownPicture.h"
 
 namespace plotkit {
 
 /// Carries the tree of one root, which it sizes to `RootRect` in device pixels. The tree is painted into an image of
-/// exactly these pixels when something in it changed; the overlay is drawn on a copy, so that its exclusive-or shapes
-/// work on every platform. Errors raised by painting or by the tree's handlers go to Host().HandleError.
+/// exactly these pixels when something in it changed. Where only parts did (points came at the end of a series, the
+/// overlay is another), these are painted and shown alone. Errors raised by painting or by the tree's handlers go to
+/// Host().HandleError.
 class KxGraphWidget : public QWidget
 {
 public:
@@ -60,22 +60,22 @@ private:
     void Press(QMouseEvent* event, bool isDouble);
     void Release(QMouseEvent* event, Qt::MouseButton button);
     void ReleaseLost(QMouseEvent* event);
-    void PaintPicture();
-    void PaintOverlay();
+    void BringUpToDate();
     void PictureInvalidated();
-    void OverlayInvalidated();
     void AskForPaint();
+    void AskForParts();
+    void UpdateParts();
+    QRect WidgetRect(const QRect& pixels) const;
     void ShowPointerOf(TControl* control);
 
     std::unique_ptr<TSite> FSite;
     std::unique_ptr<TWindowControl> FOwnedRoot;
     TWindowControl* FRoot = nullptr;
-    QImage FPicture, FShown;
+    TKxShownPicture FShown;
     Qt::MouseButtons FHeld;  ///< whose presses the tree has heard of, and not yet the releases
-    bool FPictureStale = true;
-    bool FOverlayStale = true;
     bool FPainting = false;
     bool FAsksForPaint = false;
+    bool FAsksForParts = false;
 };
 
 }  // namespace plotkit

@@ -49,6 +49,8 @@ private:
     double StrokeShift(const TPenState& pen) const;
 
     void Dot(QPointF at, const TPenState& pen);
+    /// A thin solid line along a row or column, set pixel by pixel; false when that cannot be.
+    bool DrawStraight(TPoint from, TPoint to, const TPenState& pen, TDrawMode mode);
     void ThinLine(TPoint from, TPoint to, bool mirrored);
     void WideLine(TPoint from, TPoint to, const TPenState& pen);
     void ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode);

@@ -55,6 +55,9 @@ void TQtDevice::Line(TPoint from, TPoint to, const TPenState& pen, const TDrawSt
     if (pen.Style == psClear || from == to || !Begin(state))
         return;
     if (IsThin(pen)) {
+        // A painter hands tall lines to other threads, which takes longer than the line.
+        if (DrawStraight(from, to, pen, state.Mode))
+            return;
         SetStroke(pen, Qt::FlatCap);
         ThinLine(from, to, false);
     } else {

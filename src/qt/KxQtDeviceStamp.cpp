@@ -17,14 +17,15 @@ bool IsInside(const TRect& inner, const TRect& outer)
     return inner.Intersected(outer) == inner;
 }
 
-/// Sets the pixels of lines along rows and columns.
+/// Sets, or toggles in exclusive-or mode, the pixels of lines along rows and columns.
 class TPixelRuns
 {
 public:
-    TPixelRuns(QImage& image, QRgb color, TPoint origin, const TRect& clip)
+    TPixelRuns(QImage& image, QRgb color, TPoint origin, const TRect& clip, TDrawMode mode = dmCopy)
         : FBits(image.bits()),
           FStride(image.bytesPerLine()),
-          FColor(color),
+          FKept(mode == dmXor ? 0xFFFFFFFF : 0),
+          FColor(mode == dmXor ? color & 0xFFFFFF : color),
           FOrigin(origin),
           FClip(clip.Intersected(TRect{0, 0, image.width(), image.height()}.Shifted({-origin.X, -origin.Y})))
     {}
@@ -45,7 +46,7 @@ public:
     {
         const TRect seen = box.Intersected(FClip);
         for (int y = seen.Top; y < seen.Bottom && seen.Left < seen.Right; ++y)
-            std::fill(Row(y) + seen.Left, Row(y) + seen.Right, FColor);
+            SetPixels(Row(y) + seen.Left, Row(y) + seen.Right);
     }
 
 private:
@@ -55,19 +56,25 @@ private:
         left = std::max(left, FClip.Left);
         right = std::min(right, FClip.Right);
         if (left < right && y >= FClip.Top && y < FClip.Bottom)
-            std::fill(Row(y) + left, Row(y) + right, FColor);
+            SetPixels(Row(y) + left, Row(y) + right);
     }
     void DrawColumn(int x, int top, int bottom) const
     {
         if (x < FClip.Left || x >= FClip.Right)
             return;
         for (int y = std::max(top, FClip.Top); y < std::min(bottom, FClip.Bottom); ++y)
-            Row(y)[x] = FColor;
+            Row(y)[x] = (Row(y)[x] & FKept) ^ FColor;
+    }
+
+    void SetPixels(QRgb* pixel, const QRgb* end) const
+    {
+        for (; pixel != end; ++pixel)
+            *pixel = (*pixel & FKept) ^ FColor;
     }
 
     uchar* FBits;
     qsizetype FStride;
-    QRgb FColor;
+    QRgb FKept, FColor;  ///< what stays of a pixel, and what is toggled in that
     TPoint FOrigin;
     TRect FClip;
 };
@@ -95,17 +102,23 @@ void TQtDevice::Lines(std::span<const TPoint> ends, const TPenState& pen, const 
 {
     if (pen.Style == psClear || !Begin(state))
         return;
-    const bool isPlain = IsThin(pen) && !IsDashed(pen.Style) && state.Mode == dmCopy;
-    QImage* const image = isPlain ? WritableImage() : nullptr;
+    QImage* const image = IsThin(pen) && !IsDashed(pen.Style) ? WritableImage() : nullptr;
     if (!image)
         return TDrawDevice::Lines(ends, pen, state);
-    const TPixelRuns runs(*image, QtColor(pen.Color).rgb(), OriginInImage(), FState->Clip);
+    const TPixelRuns runs(*image, QtColor(pen.Color).rgb(), OriginInImage(), FState->Clip, state.Mode);
     for (std::size_t i = 1; i < ends.size(); i += 2) {
         const TPoint from = ends[i - 1], to = ends[i];
         // Next to the largest numbers a sum would leave them.
         if (from != to && (IsFar(from) || IsFar(to) || !runs.Draw(from, to)))
             Line(from, to, pen, state);
     }
+}
+
+bool TQtDevice::DrawStraight(TPoint from, TPoint to, const TPenState& pen, TDrawMode mode)
+{
+    const bool isStraight = (from.X == to.X || from.Y == to.Y) && !IsFar(from) && !IsFar(to);
+    QImage* const image = isStraight && !IsDashed(pen.Style) ? WritableImage() : nullptr;
+    return image && TPixelRuns(*image, QtColor(pen.Color).rgb(), OriginInImage(), FState->Clip, mode).Draw(from, to);
 }
 
 bool TQtDevice::FillPixels(const TRect& box, TColor border, const TBrushState& brush)

@@ -4,6 +4,8 @@
 #include "graph/KxAxis.h"
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
+#include "host/CommandBox.h"
+#include "series/KxLineRuns.h"
 #include "series/KxZoomedClip.h"
 
 namespace plotkit {
@@ -64,7 +66,27 @@ void TKxDataSeries::DrawPoints()
 
 void TKxDataSeries::DrawMarks(TCanvas& canvas)
 {
-    DrawSymbols(Points().Values(), canvas);
+    if (!World()->PaintsPart())
+        return DrawSymbols(Points().Values(), canvas);
+    const TRect near = WidenedBox(canvas.ClipRect(), SymbolReach());
+    std::vector<TPoint> seen;
+    for (const TPoint& point : PointsNear(near.Left, near.Right))
+        if (near.Contains(point))
+            seen.push_back(point);
+    DrawSymbols(seen, canvas);
+}
+
+int TKxDataSeries::SymbolReach() const
+{
+    // A star is a little larger than its size.
+    return 2 * World()->Px(FPointStyle.GetSize()) + LineReach(World()->Px(FPointStyle.GetWidth()));
+}
+
+TRect TKxDataSeries::GrownMarks(int first)
+{
+    if (!FPointStyle.GetVisible())
+        return {};
+    return WidenedBox(BoxAroundPresent(Points().Values().subspan(static_cast<std::size_t>(first))), SymbolReach());
 }
 
 void TKxDataSeries::DrawSymbols(std::span<const TPoint> points, TCanvas& canvas)

@@ -41,8 +41,11 @@ protected:
     /// What stands at the points, symbols last; the brush has the colour inside open symbols.
     virtual void DrawMarks(TCanvas& canvas);
     void DrawSymbols(std::span<const TPoint> points, TCanvas& canvas);
+    TRect GrownMarks(int first) override;
 
 private:
+    int SymbolReach() const;
+
     TKxPointStyle FPointStyle{this};
 };
 

@@ -25,6 +25,19 @@ std::size_t FirstBehind(std::size_t first, std::size_t end, TBehind isBehind)
 
 }  // namespace
 
+std::pair<std::size_t, std::size_t> ColumnsRange(std::span<const double> xs, const TKxAxisMapping& across,
+                                                 std::int64_t left, std::int64_t right)
+{
+    const auto firstBehind = [&](std::int64_t border) {
+        return FirstBehind(0, xs.size(), [&](std::size_t i) {
+            const std::int32_t column = across.RealToInt(xs[i]);
+            return across.Forward ? column >= border : column < border;
+        });
+    };
+    return across.Forward ? std::pair(firstBehind(left), firstBehind(right))
+                          : std::pair(firstBehind(right), firstBehind(left));
+}
+
 TKxLineReduction::TKxLineReduction(std::span<const double> xs, std::span<const double> ys, const TKxPyramid& pyramid,
                                    const TKxAxisMapping& across, const TKxAxisMapping& along)
     : FXs(xs), FYs(ys), FPyramid(pyramid), FAcross(across), FAlong(along)
@@ -37,13 +50,7 @@ TPoint TKxLineReduction::PointAt(std::size_t i) const
 
 std::pair<std::size_t, std::size_t> TKxLineReduction::Range(std::int64_t left, std::int64_t right) const
 {
-    const auto firstBehind = [this](std::int64_t border) {
-        return FirstBehind(0, FXs.size(), [this, border](std::size_t i) {
-            return FAcross.Forward ? Column(i) >= border : Column(i) < border;
-        });
-    };
-    return FAcross.Forward ? std::pair(firstBehind(left), firstBehind(right))
-                           : std::pair(firstBehind(right), firstBehind(left));
+    return ColumnsRange(FXs, FAcross, left, right);
 }
 
 void TKxLineReduction::Draw(int left, int right, TKxDrawnLine& drawn) const

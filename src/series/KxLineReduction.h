@@ -27,6 +27,10 @@ struct TKxDrawnLine
     }
 };
 
+/// Of abscissae that are all finite and ascend those, [first, end), that stand in columns [left, right).
+std::pair<std::size_t, std::size_t> ColumnsRange(std::span<const double> xs, const TKxAxisMapping& across,
+                                                 std::int64_t left, std::int64_t right);
+
 /// Points from left to right or from right to left; the abscissae are all finite and ascend.
 class TKxLineReduction
 {

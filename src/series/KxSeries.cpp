@@ -208,6 +208,10 @@ void TKxSeries::FOnWeightChanged(int, bool)
 
 void TKxSeries::Modified()
 {
+    // A range that widens makes no drawn point another; where it moves an axis the graph is told by that.
+    if (FOnlyGrows)
+        return;
+    FGrowth.Forget();
     FPointsNeedRecalc = true;
     FHasTold = true;
     FDrawnLine.Forget();

@@ -7,6 +7,7 @@
 #include "series/KxLineReduction.h"
 #include "series/KxPairing.h"
 #include "series/KxSeriesDirection.h"
+#include "series/KxSeriesGrowth.h"
 #include "series/KxStyledSeries.h"
 
 namespace plotkit {
@@ -77,6 +78,7 @@ public:
     void CalculatePoints() override;
     void DrawLine() override;
     void PrepareHidden() override { PrepareDrawing(); }
+    std::optional<TRect> GrownPart() override;
 
     /// Calculated children are known by the next four alone.
     virtual bool IsCalculated() const { return false; }
@@ -126,6 +128,10 @@ protected:
     /// False when the points wait for the axes to take over new ranges, or cannot be made.
     bool BringPointsUpToDate();
     void AttachToGraph(TKx2DGraph& graph);
+    /// Around what is drawn at points from `first` on, as `GrownPart`.
+    virtual TRect GrownMarks(int first) { return static_cast<void>(first), TRect{}; }
+    /// The points, or less where those that are left out stand in no column of [left, right).
+    std::span<const TPoint> PointsNear(int left, int right) const;
 
     TKxSeriesDirection FX, FY;
     mutable TKxPointVector FPoints;  ///< those made so far; `BringPointsUpToDate` makes all
@@ -149,18 +155,24 @@ private:
     void DrawArea(TCanvas& canvas);
     void DrawPolylines(TCanvas& canvas);
     std::span<const TPoint> LinePoints(const TCanvas& canvas);
+    bool OnlyGrows(int index, bool wasDeleted) const;
+    void TellGrowth();
+    std::optional<TRect> GrownLine(int before);
+    void DrawPartOfPolylines(TCanvas& canvas);
 
     TKxCustomRealVector* FWeight = nullptr;
     TKxValueIChangedEvent FWeightEvent;  ///< as it was registered: the handler is virtual
     std::unique_ptr<TKxOrderWatch> FOrderWatch;
     TKxPairing FPairing;
     TKxDrawnLine FDrawnLine;
+    TKxSeriesGrowth FGrowth;
     TKxSeriesList FChilds;
     std::string FChildError;  ///< passed on last
     bool FPointsNeedRecalc = true, FRangesNeedRecalc = false, FChildsNeedRecalc = false;
     bool FRangesWait = false;  ///< extremes went at the front: nothing is widened before the next scan
     bool FIsPlain = false;     ///< no point rule of its own
     bool FHasTold = false;     ///< of the change that is being followed
+    bool FOnlyGrows = false;   ///< by that change
     bool FAwaitsAxes = false;  ///< new ranges went to the axes, points come with the next paint
 };
 

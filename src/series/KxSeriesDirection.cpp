@@ -116,6 +116,11 @@ bool TKxSeriesDirection::HasMoved() const
     return Axis && Mapping != Axis->Mapping();
 }
 
+bool TKxSeriesDirection::IsMoving() const
+{
+    return HasMoved() || (Axis && Axis->GetVisible() && Axis->NeedsCalculate());
+}
+
 void TKxSeriesDirection::EnterAxis()
 {
     Range.OnChanged = TRangeChangedEvent::Bind<&TKxAxis::ValuesRangeChanged>(Axis);

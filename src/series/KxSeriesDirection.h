@@ -74,6 +74,8 @@ struct TKxSeriesDirection
     bool NeedsScan(int first, int end) const { return HoldsExtreme(first, end) && FKnown < end; }
     /// Whether the points were made with another mapping than the axis has now.
     bool HasMoved() const;
+    /// The same, or the axis has yet to take over a range.
+    bool IsMoving() const;
     /// Registers the range with the axis.
     void EnterAxis();
     void LeaveAxis();

@@ -6,27 +6,14 @@
 #include "graph/KxGraph2D.h"
 #include "host/PenPattern.h"
 #include "host/PixelMath.h"
+#include "series/KxLineRuns.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
 
 namespace {
 
-constexpr std::size_t LongestPiece = 2000;
 constexpr int WidestReach = 100000;
-
-/// Calls `draw` for each longest run of at least two points that are not missing.
-template <class TDraw>
-void ForEachRun(std::span<const TPoint> points, TDraw draw)
-{
-    auto at = points.begin();
-    while (at != points.end()) {
-        const auto first = std::find_if(at, points.end(), [](TPoint point) { return point != MissingPoint; });
-        at = std::find(first, points.end(), MissingPoint);
-        if (at - first > 1)
-            draw(std::span<const TPoint>(first, at));
-    }
-}
 
 }  // namespace
 
@@ -63,6 +50,8 @@ void TKxSeries::DrawLine()
 {
     if (!PrepareDrawing())
         return;
+    if (!World()->PaintsPart())
+        FGrowth.Drawn(FPointsCount, FX.Data, FY.Data);
     if ((!FLineStyle.GetVisible() && !FAreaStyle.GetVisible()) || FPointsCount < 2)
         return;
     TCanvas& canvas = World()->Canvas();
@@ -96,6 +85,10 @@ std::span<const TPoint> TKxSeries::LinePoints(const TCanvas& canvas)
     const TPenState pen = canvas.DevicePen();
     const TDrawState state = canvas.DeviceState();
     if (const auto line = !IsDashed(pen.Style) && state.Mode == dmCopy ? LongLine() : std::nullopt) {
+        if (World()->PaintsPart() && FDrawnLine.IsCurrent) {
+            line->Draw(FDrawnLine.Left, FDrawnLine.Right, FDrawnLine);
+            return FDrawnLine.Points;
+        }
         // What stands beside the clip reaches into it by the width of the pen.
         const int reach = 4 + 2 * std::clamp(pen.Width, 0, WidestReach);
         const TRect clip = canvas.ClipRect();
@@ -110,10 +103,9 @@ void TKxSeries::DrawPolylines(TCanvas& canvas)
     canvas.Pen.Style = FLineStyle.GetStyle();
     canvas.Pen.Width = FLineStyle.GetWidth() == 1 ? 0 : FLineStyle.GetWidth();
     canvas.Pen.Color = FLineStyle.GetColor();
-    ForEachRun(LinePoints(canvas), [&](std::span<const TPoint> run) {
-        for (std::size_t start = 0; start < run.size(); start += LongestPiece - 1)
-            canvas.Polyline(run.subspan(start, std::min(LongestPiece, run.size() - start)));
-    });
+    if (World()->PaintsPart())
+        return DrawPartOfPolylines(canvas);
+    ForEachPiece(LinePoints(canvas), [&](std::span<const TPoint> piece) { canvas.Polyline(piece); });
 }
 
 }  // namespace plotkit

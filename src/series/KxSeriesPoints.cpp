@@ -6,6 +6,7 @@
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
 #include "host/PixelMath.h"
+#include "host/Restore.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -239,6 +240,7 @@ bool TKxSeries::FollowNewest(bool isX, int index)
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
+    const TRestore growing(FOnlyGrows, OnlyGrows(index, wasDeleted));
     FChildsNeedRecalc = true;
     FHasTold = false;
     FollowPairs();
@@ -251,7 +253,9 @@ void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
     if (!isNewest && !FollowAny(isX, index, wasDeleted))
         return;
     FDrawnLine.IsCurrent = isCurrent;  // a range that widens makes no point another
-    if (World() && !FHasTold)
+    if (FOnlyGrows)
+        TellGrowth();
+    else if (World() && !FHasTold)
         World()->Invalidate();
 }
 

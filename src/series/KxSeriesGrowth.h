@@ -1,0 +1,52 @@
+// The job of KxSeriesGrowth is to know which points of a series have come since it was drawn.
+#pragma once
+
+#include "data/KxVector.h"
+
+namespace plotkit {
+
+/// Of a series that, since it was drawn, has got points at its end and is otherwise as it was.
+class TKxSeriesGrowth
+{
+public:
+    void Forget() { FCount = 0; }
+    void Drawn(int count, const TKxCustomRealVector* xs, const TKxCustomRealVector* ys)
+    {
+        FCount = count;
+        FX = TAge(xs);
+        FY = TAge(ys);
+    }
+    /// The points that are drawn; 0 when more may have changed.
+    int Count() const { return FCount; }
+    /// False when values changed that nobody told of.
+    bool HasHeardAll(const TKxCustomRealVector* xs, const TKxCustomRealVector* ys) const
+    {
+        return TAge(xs).IsGrownFrom(FX) && TAge(ys).IsGrownFrom(FY);
+    }
+    void Tell() { FHasGrown = true; }
+    bool TakeTold() { return std::exchange(FHasGrown, false); }
+
+private:
+    struct TAge
+    {
+        TAge() = default;
+        explicit TAge(const TKxCustomRealVector* vector)
+            : Version(vector ? vector->Version() : 0), Count(vector ? vector->GetCount() : 0)
+        {}
+        /// A version for each value is what adding one by one costs; whole arrays cost less.
+        bool IsGrownFrom(const TAge& before) const
+        {
+            return Count >= before.Count &&
+                   Version - before.Version <= static_cast<std::uint64_t>(Count - before.Count);
+        }
+
+        std::uint64_t Version = 0;
+        int Count = 0;
+    };
+
+    TAge FX, FY;
+    int FCount = 0;
+    bool FHasGrown = false;
+};
+
+}  // namespace plotkit
