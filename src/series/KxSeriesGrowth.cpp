@@ -93,8 +93,8 @@ std::span<const TPoint> TKxSeries::PointsNear(int left, int right) const
     const int count = std::min({static_cast<int>(points.size()), FX.Count(), FY.Count()});
     if (count == 0 || HasOwnPointRule() || !FX.Mapping)
         return points;
-    const auto xs = FX.Data->Values().first(static_cast<std::size_t>(count));
-    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Known.Ascend(*FX.Data, count))
+    const auto xs = FX.Values().first(static_cast<std::size_t>(count));
+    if ((FX.Mapping->IsLog() && xs.front() <= 0) || !FX.Ascend(count))
         return points;
     const auto range = ColumnsRange(xs, *FX.Mapping, left, right);
     return points.subspan(range.first, range.second - range.first);
