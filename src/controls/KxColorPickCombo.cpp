@@ -88,7 +88,7 @@ void TKxColorPickCombo::DrawItem(TCanvas& canvas, int index, const TRect& box)
         DrawColorSwatch(canvas, TRect{box.Left + gap, box.Top + gap, box.Left + gap + width, box.Bottom - gap},
                         FColors[static_cast<std::size_t>(index)].Color);
     if (IsDrawingList() && index > 0 && (isOther || FColors[static_cast<std::size_t>(index)].IsFirst)) {
-        canvas.Brush.SetColor(clButtonShadow);
+        canvas.Brush.SetColor(MiddleColor());
         canvas.FillRect({box.Left, box.Top, box.Right, box.Top + Px(1)});
     }
     canvas.Font = GetFont().State();

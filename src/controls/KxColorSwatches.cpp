@@ -11,7 +11,7 @@ constexpr int ColumnCount = 8, SwatchHeight = 24, Gap = 4;
 void DrawColorSwatch(TCanvas& canvas, const TRect& box, TColor color)
 {
     canvas.Pen = TPen();
-    canvas.Pen.Color = clButtonShadow;
+    canvas.Pen.Color = MiddleColor();
     canvas.Brush = TBrush();
     canvas.Brush.SetColor(color);
     canvas.Rectangle(box.Left, box.Top, box.Right, box.Bottom);

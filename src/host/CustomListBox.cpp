@@ -235,9 +235,17 @@ void TCustomListBox::CMExit()
     TWindowControl::CMExit();
 }
 
+TColor MiddleColor()
+{
+    const TColor text = Host().ResolveColor(clWindowText), ground = Host().ResolveColor(clWindow);
+    const auto middle = [](std::uint8_t a, std::uint8_t b) { return static_cast<std::uint8_t>((a + b) / 2); };
+    return RgbColor(middle(RedOf(text), RedOf(ground)), middle(GreenOf(text), GreenOf(ground)),
+                    middle(BlueOf(text), BlueOf(ground)));
+}
+
 void DrawItemFrame(TCanvas& canvas, const TRect& box, bool hasFocus)
 {
-    const TColor color = hasFocus ? clHighlight : clButtonShadow;
+    const TColor color = hasFocus ? clHighlight : MiddleColor();
     const int width = ScalePixels(2, canvas.Scale());
     canvas.Brush = TBrush();
     canvas.Brush.SetColor(color);

@@ -79,6 +79,8 @@ private:
     bool FDragging = false;
 };
 
+/// Halfway between text and ground of the desktop, so that it shows on both whatever they are.
+TColor MiddleColor();
 /// The selected item of a list or drop-down: a frame inside its box, so that its picture keeps its colours.
 void DrawItemFrame(TCanvas& canvas, const TRect& box, bool hasFocus);
 

@@ -13,7 +13,7 @@ namespace {
 
 /// What the button draws around its face.
 constexpr int FaceFrame = 3;
-constexpr int SwatchWidth = 36, ColorRoom = 140;
+constexpr int SwatchWidth = 36, ColorRoom = 140, ColorSlack = 4;
 
 class TColorView : public TKxFormView
 {
@@ -124,7 +124,7 @@ void TKxColorButtonWidget::PaintChrome(QPainter& painter)
 TKxColorPickComboWidget::TKxColorPickComboWidget(QWidget* parent)
     : TKxComboWidget(std::make_unique<TKxColorPickCombo>(nullptr), parent)
 {
-    SetItemRoom(ColorRoom);
+    SetItemRoom(ColorRoom, ColorSlack);
 }
 
 QString TKxColorPickComboWidget::ValueText() const

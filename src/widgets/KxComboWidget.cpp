@@ -67,7 +67,7 @@ QStyleOptionComboBox TKxComboWidget::Option() const
 QSize TKxComboWidget::sizeHint() const
 {
     const QStyleOptionComboBox option = Option();
-    const QSize contents(FItemRoom, std::max(Combo().GetItemHeight(), fontMetrics().height()));
+    const QSize contents(FItemRoom, std::max(Combo().GetItemHeight() - FItemSlack, fontMetrics().height()));
     return style()->sizeFromContents(QStyle::CT_ComboBox, &option, contents, this);
 }
 

@@ -30,8 +30,12 @@ public:
 protected:
     TKxComboWidget(std::unique_ptr<TCustomComboBox> combo, QWidget* parent);
 
-    /// Logical pixels that an item wants.
-    void SetItemRoom(int width) { FItemRoom = width; }
+    /// Logical pixels that an item wants, and how much of its height it can do without.
+    void SetItemRoom(int width, int slack)
+    {
+        FItemRoom = width;
+        FItemSlack = slack;
+    }
     virtual void DroppedDown() { ShowList(); }
 
     QRect RootRect() const override;
@@ -50,7 +54,7 @@ private:
 
     TKxDropWidget* FPopup = nullptr;
     TKxLetterSearch FSearch;
-    int FItemRoom = 64;
+    int FItemRoom = 64, FItemSlack = 0;
 };
 
 }  // namespace plotkit

@@ -17,6 +17,14 @@ namespace {
 /// Attributes stay within the program; the text goes everywhere.
 const auto MarkupFormat = QStringLiteral("application/x-plotkit-caption");
 
+/// Text from other places is copied unless somebody asks to move it; own text is moved unless Ctrl is held.
+Qt::DropAction ActionFor(const QDropEvent& event, bool isOwn)
+{
+    const bool copies = event.modifiers().testFlag(Qt::ControlModifier);
+    const bool moves = isOwn || event.modifiers().testFlag(Qt::ShiftModifier);
+    return moves && !copies && event.possibleActions().testFlag(Qt::MoveAction) ? Qt::MoveAction : Qt::CopyAction;
+}
+
 }  // namespace
 
 bool TKxEditWidget::IsOnSelection(QPoint at) const
@@ -115,15 +123,7 @@ void TKxEditWidget::dragMoveEvent(QDragMoveEvent* event)
 {
     if (GetReadOnly() || !event->mimeData()->hasText())
         return event->ignore();
-    const bool isOwn = event->source() == this;
-    const bool copies = event->modifiers().testFlag(Qt::ControlModifier);
-    // Text from other places is copied unless somebody asks to move it; own text is moved unless Ctrl is held.
-    if (isOwn && !copies)
-        event->setDropAction(Qt::MoveAction);
-    else if (event->modifiers().testFlag(Qt::ShiftModifier) && event->possibleActions().testFlag(Qt::MoveAction))
-        event->setDropAction(Qt::MoveAction);
-    else
-        event->setDropAction(Qt::CopyAction);
+    event->setDropAction(ActionFor(*event, event->source() == this));
     event->accept();
     ShowDropPlace(Edit().PointToCaretPos(RootPixel(event->position()).X));
 }
@@ -149,7 +149,10 @@ void TKxEditWidget::dropEvent(QDropEvent* event)
     if (GetReadOnly() || !event->mimeData()->hasText())
         return event->ignore();
     const int place = Edit().PointToCaretPos(RootPixel(event->position()).X);
-    const bool moves = event->source() == this && event->dropAction() == Qt::MoveAction;
+    // A drop forgets what its moves were answered.
+    const bool isOwn = event->source() == this;
+    event->setDropAction(ActionFor(*event, isOwn));
+    const bool moves = isOwn && event->dropAction() == Qt::MoveAction;
     setFocus(Qt::OtherFocusReason);
     Guarded([&] { TakeDrop(*event->mimeData(), place, moves); });
     event->accept();

@@ -56,11 +56,17 @@ QString TKxEditWidget::ValueText() const
 
 QSize TKxEditWidget::sizeHint() const
 {
+    return SizeWithin(style()->pixelMetric(QStyle::PM_DefaultFrameWidth, nullptr, this));
+}
+
+QSize TKxEditWidget::SizeWithin(int frame) const
+{
     const QFontMetrics metrics(font());
     const double line = Host().TextMeasurer().Height(Edit().GetFont().State()) / Edit().PixelScale();
     const QSize contents(metrics.horizontalAdvance(QLatin1Char('x')) * FRoom + 4,
                          std::max(metrics.height(), static_cast<int>(std::ceil(line))) + 2);
-    const QStyleOptionFrame option = FrameOption(*this, {});
+    QStyleOptionFrame option = FrameOption(*this, {});
+    option.lineWidth = frame;
     return style()->sizeFromContents(QStyle::CT_LineEdit, &option, contents, this);
 }
 

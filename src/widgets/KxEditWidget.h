@@ -35,6 +35,8 @@ protected:
 
     /// The part of the widget that the frame takes.
     virtual QRect FrameRect() const { return rect(); }
+    /// The size hint within a frame of some width.
+    QSize SizeWithin(int frame) const;
     virtual void FillMenu(QMenu& menu);
     /// What an action of the menu does; the edit has the focus then.
     void AddAction(QMenu& menu, const QString& text, const QKeySequence& key, bool enabled,

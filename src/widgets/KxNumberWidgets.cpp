@@ -98,8 +98,7 @@ QStyleOptionSpinBox TKxSpinIntegerEditWidget::Option() const
 QSize TKxSpinIntegerEditWidget::sizeHint() const
 {
     const QStyleOptionSpinBox option = Option();
-    const QSize line = TKxIntegerEditWidget::sizeHint();
-    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, line, this);
+    return style()->sizeFromContents(QStyle::CT_SpinBox, &option, SizeWithin(0), this);
 }
 
 QRect TKxSpinIntegerEditWidget::RootRect() const

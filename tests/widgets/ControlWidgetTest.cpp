@@ -400,6 +400,26 @@ TEST(WidgetAccess, ItemsCanBeWalkedAndChosen)
     EXPECT_EQ(AccessOf(scene.Widget).child(0)->text(QAccessible::Name), "Solid");
 }
 
+TEST(WidgetAccess, TheColourFormHasNamedParts)
+{
+    TScene<TKxColorButtonWidget> scene;
+    scene.Widget->SetSelected(clWhite);
+    AccessOf(scene.Widget).actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    ASSERT_TRUE(scene.Widget->Dialog());
+    QAccessibleInterface& form = AccessOf(scene.Widget->Dialog()->findChild<QWidget*>());
+    QStringList names;
+    for (int i = 0; i < form.childCount(); ++i)
+        names << form.child(i)->text(QAccessible::Name);
+    EXPECT_EQ(names.join(';').toStdString(),
+              "Told apart by all eyes;Plain: White;Recent;Of the desktop;Red;Green;Blue;Colour;OK;Cancel");
+    ASSERT_TRUE(form.child(5)->valueInterface());
+    form.child(5)->valueInterface()->setCurrentValue(0);
+    EXPECT_EQ(form.child(7)->textInterface()->text(0, 20), "Pure magenta");
+    form.child(8)->actionInterface()->doAction(QAccessibleActionInterface::pressAction());
+    EXPECT_EQ(scene.Widget->GetSelected(), RgbColor(0xFF, 0, 0xFF));
+    EXPECT_EQ(AccessOf(scene.Widget).text(QAccessible::Description), "Pure magenta");
+}
+
 TEST(EditWidgets, TakeDroppedTextAndMoveTheirOwn)
 {
     TScene<TKxCaptionEditWidget> scene;
