@@ -68,29 +68,15 @@ struct LiveFeed : testing::Test
     std::shared_ptr<TKxRowQueue> Queue = Feed->Queue();
     std::atomic<std::size_t> Pushed = 0;
 
-    /// Pushes until nothing is taken any more or `count` rows were.
-    std::jthread Measure(int number, std::size_t count = SIZE_MAX)
+    /// Pushes until nothing is taken any more.
+    std::jthread Measure(int number)
     {
-        return std::jthread([this, number, count, queue = Queue] {
-            for (std::size_t i = 0; i < count && queue->Push(number, i); ++i)
+        return std::jthread([this, number, queue = Queue] {
+            for (std::size_t i = 0; queue->Push(number, i); ++i)
                 ++Pushed;
         });
     }
 };
-
-TEST_F(LiveFeed, AppendsAllRowsOfAllThreadsInOrder)
-{
-    constexpr std::size_t Count = 50000;
-    {
-        const std::jthread first = Measure(1, Count), second = Measure(2, Count);
-        ASSERT_TRUE(RunUntil([&] { return Y->GetCount() == 2 * Count; }));
-    }
-    TReals one, two;
-    for (int i = 0; i < Y->GetCount(); ++i)
-        (X->GetValue(i) == 1 ? one : two).push_back(Y->GetValue(i));
-    EXPECT_EQ(one, CountedTo(Count));
-    EXPECT_EQ(two, CountedTo(Count));
-}
 
 TEST_F(LiveFeed, TellsEachVectorAndPaintsOncePerBatch)
 {
@@ -142,12 +128,13 @@ TEST_F(LiveFeed, FeedsVectorsWhileADialogIsOpen)
 {
     QDialog dialog;
     Feed->OnRows = [&](std::size_t) {
-        if (Y->GetCount() == 300)
+        if (Y->GetCount() > 300)
             dialog.accept();
     };
-    const std::jthread thread = Measure(1, 300);
+    const std::jthread thread = Measure(1);
     QTimer::singleShot(20000, &dialog, &QDialog::reject);
     EXPECT_EQ(dialog.exec(), QDialog::Accepted);
+    Feed.reset();
 }
 
 TEST_F(LiveFeed, RowsWaitWhileAHandlerRunsAnEventLoop)
@@ -203,7 +190,10 @@ TEST_F(LiveFeed, MayGoWhileThreadsPush)
             ASSERT_TRUE(RunUntil([&] { return !Feed; }));
         }
         EXPECT_EQ(static_cast<std::size_t>(X->GetCount()), Pushed) << way;
-        EXPECT_EQ(X->GetCount(), Y->GetCount()) << way;
+        ASSERT_EQ(X->GetCount(), Y->GetCount()) << way;
+        double next[3] = {};
+        for (int i = 0; i < Y->GetCount(); ++i)
+            ASSERT_EQ(Y->GetValue(i), next[static_cast<int>(X->GetValue(i))]++) << way;
         X->ChangedList().Clear();
     }
 }
