@@ -33,13 +33,10 @@ struct TLiveGraph
     TKxLiveVector *X, *Y;
     TKxDataSeries* Series;
 
-    explicit TLiveGraph(TForm& form)
-        : Graph(new TKx2DGraph(&form)),
-          X(new TKxLiveVector(&form)),
-          Y(new TKxLiveVector(&form)),
-          Series(new TKxDataSeries(&form))
+    explicit TLiveGraph(TForm& form) : TLiveGraph(form, *NewGraph(form)) {}
+    TLiveGraph(TForm& form, TKx2DGraph& graph)
+        : Graph(&graph), X(new TKxLiveVector(&form)), Y(new TKxLiveVector(&form)), Series(new TKxDataSeries(&form))
     {
-        Graph->SetParent(&form);
         Series->SetXAxis(Graph->GetPrimaryXAxis());
         Series->SetYAxis(Graph->GetPrimaryYAxis());
         Series->SetXData(X);
@@ -47,6 +44,13 @@ struct TLiveGraph
         Series->GetPointStyle().SetVisible(false);
     }
 
+    /// Graphs of one owner share the axes they find there, so each gets an owner of its own.
+    static TKx2DGraph* NewGraph(TForm& form)
+    {
+        auto* const graph = new TKx2DGraph(new TComponent(&form));
+        graph->SetParent(&form);
+        return graph;
+    }
     void Fill(std::span<const double> x, std::span<const double> y)
     {
         X->Assign(x);
@@ -147,43 +151,99 @@ double SecondsSince(TClock::time_point& start)
     return seconds;
 }
 
-/// 64 panels that get ten points each per frame; phases are the appending, the layout with its record, and the pixels.
+/// What a frame of a live window costs: the appending, the layout with its record, and the pixels.
+class TPhases
+{
+public:
+    explicit TPhases(TForm& form, int width, int height) : FForm(form), FImage(width, height, QImage::Format_RGB32) {}
+
+    template <class TAppend>
+    void Frame(TAppend append)
+    {
+        auto start = TClock::now();
+        append();
+        FAppend += SecondsSince(start);
+        const TRecording picture = FForm.Picture();
+        FLayout += SecondsSince(start);
+        FImage.fill(Qt::white);
+        QPainter painter(&FImage);
+        TQtDevice device(painter);
+        picture.Replay(device);
+        FPaint += SecondsSince(start);
+    }
+    void Count(benchmark::State& state) const
+    {
+        const auto perFrame = [&](double seconds) { return seconds * 1e3 / static_cast<double>(state.iterations()); };
+        state.counters["append"] = perFrame(FAppend);
+        state.counters["layout"] = perFrame(FLayout);
+        state.counters["paint"] = perFrame(FPaint);
+    }
+
+private:
+    TForm& FForm;
+    QImage FImage;
+    double FAppend = 0, FLayout = 0, FPaint = 0;
+};
+
+constexpr std::size_t LiveCount = 1000, PerFrame = 10, Source = 1000000;
+
+/// Lines that keep their newest thousand points, ten new ones a frame.
+class TLiveLines
+{
+public:
+    void Add(TLiveGraph graph)
+    {
+        for (TKxLiveVector* vector : {graph.X, graph.Y})
+            vector->SetNewest(static_cast<int>(LiveCount));
+        graph.Fill(std::span(Ramp(Source)).first(LiveCount), std::span(Walk(Source)).first(LiveCount));
+        FGraphs.push_back(graph);
+    }
+    void Append()
+    {
+        for (const TLiveGraph& graph : FGraphs) {
+            graph.X->Append(std::span(Ramp(Source)).subspan(FNext, PerFrame));
+            graph.Y->Append(std::span(Walk(Source)).subspan(FNext, PerFrame));
+        }
+        FNext = (FNext + PerFrame) % (Source - PerFrame);
+    }
+
+private:
+    std::vector<TLiveGraph> FGraphs;
+    std::size_t FNext = LiveCount;
+};
+
 void LivePanels(benchmark::State& state)
 {
     constexpr int Across = 8, PanelWidth = 240, PanelHeight = 135;
-    constexpr std::size_t Shown = 1000, PerFrame = 10, Source = 1000000;
     TLiveWindow window(Across * PanelWidth, Across * PanelHeight);
-    std::vector<TLiveGraph> panels;
+    TLiveLines lines;
     for (int i = 0; i < Across * Across; ++i) {
-        panels.emplace_back(window.Form);
-        panels.back().Graph->SetBounds(i % Across * PanelWidth, i / Across * PanelHeight, PanelWidth, PanelHeight);
-        panels.back().Fill(std::span(Ramp(Source)).first(Shown), std::span(Walk(Source)).first(Shown));
+        const TLiveGraph panel(window.Form);
+        panel.Graph->SetBounds(i % Across * PanelWidth, i / Across * PanelHeight, PanelWidth, PanelHeight);
+        lines.Add(panel);
     }
     window.Widget.Shown();
-    QImage image(Across * PanelWidth, Across * PanelHeight, QImage::Format_RGB32);
-    double append = 0, layout = 0, paint = 0;
-    std::size_t next = Shown;
-    for (auto _ : state) {
-        auto start = TClock::now();
-        for (TLiveGraph& panel : panels)
-            for (std::size_t k = 0; k < PerFrame; ++k) {
-                panel.X->Add(Ramp(Source)[next + k]);
-                panel.Y->Add(Walk(Source)[next + k]);
-            }
-        next = (next + PerFrame) % (Source - PerFrame);
-        append += SecondsSince(start);
-        const TRecording picture = window.Form.Picture();
-        layout += SecondsSince(start);
-        image.fill(Qt::white);
-        QPainter painter(&image);
-        TQtDevice device(painter);
-        picture.Replay(device);
-        paint += SecondsSince(start);
-    }
-    const auto perFrame = [&](double seconds) { return seconds * 1e3 / static_cast<double>(state.iterations()); };
-    state.counters["append"] = perFrame(append);
-    state.counters["layout"] = perFrame(layout);
-    state.counters["paint"] = perFrame(paint);
+    TPhases phases(window.Form, Across * PanelWidth, Across * PanelHeight);
+    for (auto _ : state)
+        phases.Frame([&] { lines.Append(); });
+    phases.Count(state);
+}
+
+void ThousandLiveLines(benchmark::State& state)
+{
+    constexpr int Lines = 1000;
+    TLiveWindow window(800, 600);
+    TLiveLines lines;
+    const TLiveGraph first(window.Form);
+    first.Graph->SetAlign(alClient);
+    lines.Add(first);
+    for (int i = 1; i < Lines; ++i)
+        lines.Add(TLiveGraph(window.Form, *first.Graph));
+    window.Widget.Shown();
+    TPhases phases(window.Form, 800, 600);
+    for (auto _ : state)
+        phases.Frame([&] { lines.Append(); });
+    phases.Count(state);
 }
 
 }  // namespace
@@ -200,6 +260,7 @@ void RegisterLiveCases()
     add("typed curve/draw", DrawCurve<TKxFittedLine>);
     add("cursor/Plotkit", MoveCursor);
     add("64 panels/Plotkit", LivePanels);
+    add("thousand live lines/Plotkit", ThousandLiveLines);
 }
 
 }  // namespace bench

@@ -74,6 +74,7 @@ LIVE = [
     Row("sample a typed formula after a zoom, beside drawing it", "typed curve", ("draw",), 1.0, library="sample"),
     Row("move the cursor over 1e7 points", "cursor"),
     Row("64 live panels on 1920 × 1080, a frame", "64 panels", most=33.3, parts=("append", "layout", "paint")),
+    Row("a thousand live lines of a thousand points, a frame", "thousand live lines", parts=("append", "layout", "paint")),
     *(Row(f"push a pair to another thread, {how}", "hand over", ("lock and vector",), figure="per_pair",
           size=f"/{size}/real_time", others=("lock-free ring",))
       for size, how in ((1, "one by one"), (10, "in blocks of 10"), (100, "of 100"), (1000, "of 1000"))),
