@@ -90,7 +90,8 @@ void TPixelStroke::Begin(const TRect& clip, double width, double shift)
     const auto offset = [shift](int k) { return k + 0.5 - shift; };
     FFirst = static_cast<int>(std::ceil(-FRadius - offset(0)));
     FHalfHeights.clear();
-    for (int k = FFirst; offset(k) <= FRadius; ++k)
+    // Where columns only touch on both sides, one of them is covered.
+    for (int k = FFirst; offset(k) < FRadius; ++k)
         FHalfHeights.push_back(std::sqrt(std::max(0.0, FRadius * FRadius - offset(k) * offset(k))));
     FNewest.assign(static_cast<std::size_t>(clip.Width()), -1);
     FRuns.clear();

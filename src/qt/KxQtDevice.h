@@ -49,6 +49,7 @@ private:
     double StrokeShift(const TPenState& pen) const;
 
     void Dot(QPointF at, const TPenState& pen);
+    void Point(TPoint at, const TPenState& pen);
     void ThinLine(TPoint from, TPoint to, bool mirrored);
     void WideLine(TPoint from, TPoint to, const TPenState& pen);
     void ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode);

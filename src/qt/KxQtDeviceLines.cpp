@@ -134,14 +134,19 @@ void TQtDevice::Polyline(std::span<const TPoint> points, const TPenState& pen, c
 {
     if (points.empty() || pen.Style == psClear || !Begin(state))
         return;
-    if (IsOnePoint(points)) {
-        if (!IsFar(points.front()))
-            Dot(Centre(points.front(), IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
-    } else if (IsThin(pen)) {
-        ThinPolyline(points, pen, state.Mode);
-    } else {
+    if (!IsThin(pen))
         WidePolyline(points, pen, state.Mode);
-    }
+    else if (IsOnePoint(points))
+        Point(points.front(), pen);
+    else
+        ThinPolyline(points, pen, state.Mode);
+}
+
+/// A line that does not leave its first point.
+void TQtDevice::Point(TPoint at, const TPenState& pen)
+{
+    if (!IsFar(at))
+        Dot(Centre(at, IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
 }
 
 void TQtDevice::ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode)
@@ -175,6 +180,8 @@ void TQtDevice::WidePolyline(std::span<const TPoint> points, const TPenState& pe
     const bool isDashed = IsDashed(pen.Style);
     if (mode == dmCopy && !isDashed && StrokePixels(points, pen))
         return;
+    if (IsOnePoint(points))
+        return Point(points.front(), pen);
     QPolygonF middles = Centres(points, StrokeShift(pen));
     RemoveRepeated(middles);
     // Mitres would reach beyond the data, up to two widths where a line turns back.
@@ -257,11 +264,8 @@ void TQtDevice::FillPolygon(std::span<const TPoint> points, const TPenState& pen
 
 void TQtDevice::OutlinePolygon(std::span<const TPoint> points, const TPenState& pen)
 {
-    if (IsOnePoint(points)) {
-        if (!IsFar(points.front()))
-            Dot(Centre(points.front(), IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
-        return;
-    }
+    if (IsOnePoint(points))
+        return Point(points.front(), pen);
     SetStrokeOnly(pen, Qt::FlatCap);
     if (IsThin(pen) && (!IsDashed(pen.Style) || AnyFar(points))) {
         for (std::size_t i = 0; i < points.size(); ++i) {

@@ -139,6 +139,7 @@ TEST_F(TLongLine, PixelsAreThoseOfAllPoints)
             std::vector<double> xs, ys;
             Fill(static_cast<TKind>(kind), random, 50'001 + seed * 4000, xs, ys);
             const double from = xs.front(), to = xs.back();
+            Series->GetLineStyle().SetWidth(1 + seed);
             Graph->GetPrimaryXAxis()->SetTwisted(seed % 2 == 1);
             Graph->GetPrimaryYAxis()->SetScaling(seed % 3 == 2 ? AxLog : AxNormal);
             Graph->GetPrimaryXAxis()->SetScaling(seed % 4 == 3 && kind != Backward ? AxLog : AxNormal);
