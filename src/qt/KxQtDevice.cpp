@@ -34,6 +34,17 @@ bool MovesByWholePixels(const QTransform& transform)
            transform.dy() == std::rint(transform.dy());
 }
 
+/// Of an antialiased picture that is laid out finer than its pixels.
+int FinenessOf(const QPainter& painter)
+{
+    const QTransform transform = painter.deviceTransform();
+    const bool isPlain = transform.type() == QTransform::TxScale && transform.m11() == transform.m22() &&
+                         transform.dx() == 0 && transform.dy() == 0;
+    const bool isFine = transform.m11() == 1.0 / 4 || transform.m11() == 1.0 / 8;
+    return isPlain && isFine && painter.testRenderHint(QPainter::Antialiasing) ? static_cast<int>(1 / transform.m11())
+                                                                               : 0;
+}
+
 /// Corners in order.
 TRect Ordered(const TRect& box)
 {
@@ -81,7 +92,8 @@ TQtDevice::TQtDevice(QPainter& painter, double scale)
       FBounds(BoundsOf(painter)),
       FTargetPixel(TargetPixelOf(painter)),
       FAntialias(painter.testRenderHint(QPainter::Antialiasing)),
-      FSmooth(FAntialias || !MovesByWholePixels(painter.deviceTransform()))
+      FSmooth(FAntialias || !MovesByWholePixels(painter.deviceTransform())),
+      FFineness(FSmooth ? FinenessOf(painter) : 1)
 {}
 
 bool TQtDevice::Begin(const TDrawState& state)
@@ -119,16 +131,17 @@ double TQtDevice::StrokeShift(const TPenState& pen) const
     return std::lround(StrokeWidth(pen) / FTargetPixel) % 2 != 0 ? FTargetPixel / 2 : 0;
 }
 
-void TQtDevice::SetStroke(const TPenState& pen, Qt::PenCapStyle cap)
+void TQtDevice::SetStroke(const TPenState& pen, Qt::PenCapStyle cap, Qt::PenJoinStyle join)
 {
-    if (FStroke == pen && FCap == cap)
+    if (FStroke == pen && FCap == cap && FJoin == join)
         return;
-    QPen stroke(QtColor(pen.Color), IsThin(pen) ? 0 : StrokeWidth(pen), Qt::SolidLine, cap, Qt::MiterJoin);
+    QPen stroke(QtColor(pen.Color), IsThin(pen) ? 0 : StrokeWidth(pen), Qt::SolidLine, cap, join);
     if (IsDashed(pen.Style))
         stroke.setDashPattern(QtDashPattern(pen.Style));
     FPainter.setPen(stroke);
     FStroke = pen;
     FCap = cap;
+    FJoin = join;
 }
 
 void TQtDevice::SetStrokeOnly(const TPenState& pen, Qt::PenCapStyle cap)

@@ -41,7 +41,7 @@ public:
 private:
     /// Sets mode and clip; false when nothing can be seen.
     bool Begin(const TDrawState& state);
-    void SetStroke(const TPenState& pen, Qt::PenCapStyle cap);
+    void SetStroke(const TPenState& pen, Qt::PenCapStyle cap, Qt::PenJoinStyle join = Qt::MiterJoin);
     void SetStrokeOnly(const TPenState& pen, Qt::PenCapStyle cap);
     void SetFillOnly(const TBrushState& brush);
     bool IsThin(const TPenState& pen) const;
@@ -51,10 +51,12 @@ private:
     void Dot(QPointF at, const TPenState& pen);
     /// A thin solid line along a row or column, set pixel by pixel; false when that cannot be.
     bool DrawStraight(TPoint from, TPoint to, const TPenState& pen, TDrawMode mode);
+    void Point(TPoint at, const TPenState& pen);
     void ThinLine(TPoint from, TPoint to, bool mirrored);
     void WideLine(TPoint from, TPoint to, const TPenState& pen);
     void ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode);
-    void WidePolyline(QPolygonF points, const TPenState& pen, TDrawMode mode);
+    void WidePolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode);
+    bool StrokePixels(std::span<const TPoint> points, const TPenState& pen);
     void StrokePieces(const QPolygonF& points, const TPenState& pen);
     void FillPolygon(std::span<const TPoint> points, const TPenState& pen, const TBrushState& brush);
     void OutlinePolygon(std::span<const TPoint> points, const TPenState& pen);
@@ -66,8 +68,10 @@ private:
     void WideEllipse(const TRect& box, const TPenState& pen, const TBrushState& brush);
     void DrawRun(const TTextRun& run);
 
-    /// The image that the painter draws on, when its pixels can be written directly; and where its origin stands there.
-    QImage* WritableImage() const;
+    /// The image that the painter draws on, when its pixels can be written directly; where its origin stands there; and
+    /// the same when a pixel of the calls is one of the image.
+    QImage* OpenImage() const;
+    QImage* WritableImage() const { return FFineness == 1 ? OpenImage() : nullptr; }
     TPoint OriginInImage() const;
 
     QPainter& FPainter;
@@ -75,10 +79,12 @@ private:
     TRect FBounds;        ///< of the target, in the coordinates of the calls
     double FTargetPixel;  ///< the side of a pixel of the target, in the coordinates of the calls
     bool FAntialias;
-    bool FSmooth;  ///< antialiased or scaled
+    bool FSmooth;   ///< antialiased or scaled
+    int FFineness;  ///< pixels of the calls to one of the target, where that is a simple matter, 0 where it is not
     std::optional<TDrawState> FState;
     std::optional<TPenState> FStroke;
     Qt::PenCapStyle FCap = Qt::FlatCap;
+    Qt::PenJoinStyle FJoin = Qt::MiterJoin;
 };
 
 }  // namespace plotkit

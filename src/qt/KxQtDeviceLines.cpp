@@ -3,6 +3,7 @@
 
 #include "host/PixelMath.h"
 #include "qt/KxPixelLines.h"
+#include "qt/KxPixelStroke.h"
 #include "qt/KxQtDevice.h"
 #include "qt/KxQtLines.h"
 
@@ -32,15 +33,50 @@ double Distance(QPointF a, QPointF b)
     return std::hypot(b.x() - a.x(), b.y() - a.y());
 }
 
-/// The point `by` further on from `from` to `to`.
-QPointF Beyond(QPointF from, QPointF to, double by)
-{
-    return to + (to - from) * (by / Distance(from, to));
-}
-
 bool IsOnePoint(std::span<const TPoint> points)
 {
     return std::all_of(points.begin(), points.end(), [&](TPoint p) { return p == points.front(); });
+}
+
+/// A closed figure of few corners.
+bool IsShape(std::span<const TPoint> points)
+{
+    constexpr std::size_t mostCorners = 16;
+    const auto isElsewhere = [&](auto side) {
+        return std::any_of(points.begin(), points.end(), [&](TPoint p) { return p.*side != points.front().*side; });
+    };
+    return points.size() > 3 && points.size() <= mostCorners + 1 && points.front() == points.back() &&
+           isElsewhere(&TPoint::X) && isElsewhere(&TPoint::Y);
+}
+
+TRect BoundsOf(std::span<const TPoint> points)
+{
+    TRect bounds{points[0].X, points[0].Y, points[0].X, points[0].Y};
+    for (const TPoint& p : points)
+        bounds = {std::min(bounds.Left, p.X), std::min(bounds.Top, p.Y), std::max(bounds.Right, p.X),
+                  std::max(bounds.Bottom, p.Y)};
+    return bounds;
+}
+
+/// Goes to and fro across the picture, which takes long column by column.
+bool IsTangled(std::span<const TPoint> points, const TRect& bounds)
+{
+    constexpr double mostPasses = 4;
+    double across = 0;
+    for (std::size_t i = 1; i < points.size(); ++i)
+        across += std::abs(1.0 * points[i].X - points[i - 1].X);
+    return across > mostPasses * (1.0 * bounds.Right - bounds.Left);
+}
+
+TRect Around(const TRect& box, int by)
+{
+    return {AddPixels(box.Left, -by), AddPixels(box.Top, -by), AddPixels(box.Right, by), AddPixels(box.Bottom, by)};
+}
+
+TRect ToWholePixels(const TRect& box, int fineness)
+{
+    const auto whole = [fineness](int side) { return static_cast<int>(std::lround(1.0 * side / fineness)) * fineness; };
+    return {whole(box.Left), whole(box.Top), whole(box.Right), whole(box.Bottom)};
 }
 
 void RemoveRepeated(QPolygonF& points)
@@ -101,14 +137,19 @@ void TQtDevice::Polyline(std::span<const TPoint> points, const TPenState& pen, c
 {
     if (points.empty() || pen.Style == psClear || !Begin(state))
         return;
-    if (IsOnePoint(points)) {
-        if (!IsFar(points.front()))
-            Dot(Centre(points.front(), IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
-    } else if (IsThin(pen)) {
+    if (!IsThin(pen))
+        WidePolyline(points, pen, state.Mode);
+    else if (IsOnePoint(points))
+        Point(points.front(), pen);
+    else
         ThinPolyline(points, pen, state.Mode);
-    } else {
-        WidePolyline(Centres(points, StrokeShift(pen)), pen, state.Mode);
-    }
+}
+
+/// A line that does not leave its first point.
+void TQtDevice::Point(TPoint at, const TPenState& pen)
+{
+    if (!IsFar(at))
+        Dot(Centre(at, IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
 }
 
 void TQtDevice::ThinPolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode)
@@ -135,24 +176,52 @@ void TQtDevice::ThinPolyline(std::span<const TPoint> points, const TPenState& pe
     }
 }
 
-void TQtDevice::WidePolyline(QPolygonF points, const TPenState& pen, TDrawMode mode)
+void TQtDevice::WidePolyline(std::span<const TPoint> points, const TPenState& pen, TDrawMode mode)
 {
-    RemoveRepeated(points);
-    // Square ends of one's own: the painter's would also stand at the ends of the pieces.
-    const double cap = StrokeWidth(pen) / 2;
-    const QPointF first = Beyond(points[1], points[0], cap);
-    points.back() = Beyond(points[points.size() - 2], points.back(), cap);
-    points.front() = first;
-    SetStroke(pen, Qt::FlatCap);
+    if (IsShape(points))
+        return OutlinePolygon(points.first(points.size() - 1), pen);
+    const bool isDashed = IsDashed(pen.Style);
+    if (mode == dmCopy && !isDashed && StrokePixels(points, pen))
+        return;
+    if (IsOnePoint(points))
+        return Point(points.front(), pen);
+    QPolygonF middles = Centres(points, StrokeShift(pen));
+    RemoveRepeated(middles);
+    // Mitres would reach beyond the data, up to two widths where a line turns back.
+    SetStroke(pen, isDashed ? Qt::FlatCap : Qt::RoundCap, Qt::RoundJoin);
     const auto isFar = [](QPointF p) { return std::abs(p.x()) > FarPixel || std::abs(p.y()) > FarPixel; };
-    const bool anyFar = std::any_of(points.begin(), points.end(), isFar);
-    for (const QPolygonF& part : anyFar ? CutPolyline(points) : std::vector<QPolygonF>{points}) {
-        // Pieces overlap, which exclusive-or would show.
-        if (mode == dmCopy)
-            StrokePieces(part, pen);
-        else
+    const bool anyFar = std::any_of(middles.begin(), middles.end(), isFar);
+    // Hair lines need no pieces, and in exclusive-or mode it would be seen that these overlap.
+    const bool isWhole = mode != dmCopy || StrokeWidth(pen) <= FTargetPixel;
+    for (const QPolygonF& part : anyFar ? CutPolyline(middles) : std::vector<QPolygonF>{middles}) {
+        if (isWhole)
             FPainter.drawPolyline(part);
+        else
+            StrokePieces(part, pen);
     }
+}
+
+/// False when the painter has to do it.
+bool TQtDevice::StrokePixels(std::span<const TPoint> points, const TPenState& pen)
+{
+    const double width = StrokeWidth(pen);
+    QImage* const image = FFineness > 0 && width <= TPixelStroke::WidestPen ? OpenImage() : nullptr;
+    if (!image || (FFineness > 1 && image->format() == QImage::Format_ARGB32))
+        return false;
+    const TRect bounds = BoundsOf(points);
+    if (width <= FTargetPixel && IsTangled(points, bounds))
+        return false;
+    const TPoint origin = OriginInImage();
+    const TRect seen = FState->Clip.Intersected(Around(bounds, static_cast<int>(width) + FFineness));
+    const TRect clip = ToWholePixels(MoveBox(seen, origin), FFineness)
+                           .Intersected({0, 0, image->width() * FFineness, image->height() * FFineness});
+    if (clip.IsEmpty())
+        return true;
+    TPixelStroke stroke(FFineness);
+    stroke.Begin(clip, width, StrokeShift(pen));
+    stroke.Polyline(points, origin);
+    stroke.Draw(*image, QtColor(pen.Color).rgba());
+    return true;
 }
 
 /// Each piece begins with the last stretch of the one before, which draws the join between them.
@@ -198,11 +267,8 @@ void TQtDevice::FillPolygon(std::span<const TPoint> points, const TPenState& pen
 
 void TQtDevice::OutlinePolygon(std::span<const TPoint> points, const TPenState& pen)
 {
-    if (IsOnePoint(points)) {
-        if (!IsFar(points.front()))
-            Dot(Centre(points.front(), IsThin(pen) ? 0.5 : StrokeShift(pen)), pen);
-        return;
-    }
+    if (IsOnePoint(points))
+        return Point(points.front(), pen);
     SetStrokeOnly(pen, Qt::FlatCap);
     if (IsThin(pen) && (!IsDashed(pen.Style) || AnyFar(points))) {
         for (std::size_t i = 0; i < points.size(); ++i) {

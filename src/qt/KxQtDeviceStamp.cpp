@@ -81,9 +81,9 @@ private:
 
 }  // namespace
 
-QImage* TQtDevice::WritableImage() const
+QImage* TQtDevice::OpenImage() const
 {
-    if (FSmooth || FPainter.device()->devType() != QInternal::Image)
+    if (FPainter.device()->devType() != QInternal::Image)
         return nullptr;
     auto* image = static_cast<QImage*>(FPainter.device());
     const bool hasOpaqueWords = image->format() == QImage::Format_RGB32 || image->format() == QImage::Format_ARGB32 ||

@@ -1,10 +1,13 @@
 #include <gtest/gtest.h>
 
+#include <QPixmap>
+#include <algorithm>
 #include <array>
 #include <cmath>
 #include <limits>
 #include <random>
 #include <tuple>
+#include <utility>
 #include <vector>
 
 #include "PixelSheet.h"
@@ -110,22 +113,16 @@ TEST(Polyline, SetsPixelsNearestToEachSegmentWhereverItIsCut)
 
 TEST(Polyline, HasBothEndsAndDroppedPointsAndPiecesLeaveNoTrace)
 {
-    TPixelSheet whole(200, 170), segments(200, 170), all(200, 170), some(200, 170), pieces(200, 170), one(200, 170),
-        dot;
+    TPixelSheet whole(200, 170), segments(200, 170), all(200, 170), some(200, 170), dot;
     dot.Device().Polyline(std::array{TPoint{7, 9}, TPoint{7, 9}}, Pen(), {});
     EXPECT_EQ(dot.Extent(), (TRect{7, 9, 8, 10}));
     std::mt19937 random(7);
-    std::vector<TPoint> noise, wave;
+    std::vector<TPoint> noise;
     QPolygon noisy;
-    QPolygonF wavy;
     for (int i = 0; i < 4000; ++i) {
         noise.push_back({i / 20, 10 + static_cast<int>(random() % 150)});
         noisy << QPoint(noise.back().X, noise.back().Y);
-        wave.push_back({i * 180 / 4000 + 10, 80 + static_cast<int>(std::lround(60 * std::sin(i / 111.0)))});
     }
-    wave.erase(std::unique(wave.begin(), wave.end()), wave.end());
-    for (const TPoint& point : wave)
-        wavy << QPointF(point.X + 0.5, point.Y + 0.5);
     whole.Device().Polyline(noise, Pen(), {});
     for (std::size_t i = 1; i < noise.size(); ++i)
         segments.Device().Polyline(std::span(noise).subspan(i - 1, 2), Pen(), {});
@@ -136,10 +133,110 @@ TEST(Polyline, HasBothEndsAndDroppedPointsAndPiecesLeaveNoTrace)
     all.Painter().drawPolyline(noisy);
     some.Painter().drawPolyline(WithoutHiddenPoints(noise));
     EXPECT_TRUE(some.Image() == all.Image());
-    pieces.Device().Polyline(wave, Pen(psSolid, 3), {});
-    one.Painter().setPen(QPen(Qt::black, 3, Qt::SolidLine, Qt::SquareCap, Qt::MiterJoin));
-    one.Painter().drawPolyline(wavy);
-    EXPECT_NEAR(pieces.CountOf(Black), one.CountOf(Black), 4);
+}
+
+double DistanceTo(const std::vector<TPoint>& way, double x, double y)
+{
+    double nearest = Far;
+    for (std::size_t i = 0; i < way.size(); ++i) {
+        const TPoint from = way[i], to = way[std::min(i + 1, way.size() - 1)];
+        const double dx = 1.0 * to.X - from.X, dy = 1.0 * to.Y - from.Y, square = dx * dx + dy * dy;
+        const double at = square == 0 ? 0 : std::clamp(((x - from.X) * dx + (y - from.Y) * dy) / square, 0.0, 1.0);
+        nearest = std::min(nearest, std::hypot(x - from.X - at * dx, y - from.Y - at * dy));
+    }
+    return nearest;
+}
+
+/// Ways of a few points: steep, to and fro in a column, with points that coincide, out of the picture and back.
+std::vector<TPoint> AnyWay(std::mt19937& random, int reach)
+{
+    std::vector<TPoint> way{{32 + static_cast<int>(random() % 9), 30}};
+    for (unsigned i = 0; i < 2 + random() % 6; ++i)
+        way.push_back({random() % 3 == 0 ? way.back().X : static_cast<int>(random() % 64U) * reach,
+                       random() % 4 == 0 ? way.back().Y : static_cast<int>(random() % 64U) * reach});
+    return way;
+}
+
+TEST(WidePolyline, CoversWhatARoundPenPassesWhereverItIsPartedOrCut)
+{
+    std::mt19937 random(23);
+    for (const int reach : {1, 40, 30'000'000})
+        for (int i = 0; i < 60; ++i) {
+            const int width = 2 + i % 9;
+            const std::vector<TPoint> way = AnyWay(random, reach);
+            const TRect clip{static_cast<int>(random() % 30), 5, 50, 60};
+            TPixelSheet whole, parts, cut;
+            whole.Device().Polyline(way, Pen(psSolid, width), {});
+            cut.Device().Polyline(way, Pen(psSolid, width), {dmCopy, clip});
+            for (std::size_t k = way.size() - 1; k > 0; --k)
+                parts.Device().Polyline(std::array{way[k], way[k - 1]}, Pen(psSolid, width), {});
+            if (way.front() != way.back()) {
+                EXPECT_TRUE(parts.Image() == whole.Image()) << i;
+            }
+            const double middle = width % 2 == 0 ? 0.5 : 0, slack = reach < 100 ? 1e-9 : 0.01;
+            for (int y = 0; y < 64; ++y)
+                for (int x = 0; x < 64; ++x) {
+                    const QRgb pixel = whole.Image().pixel(x, y);
+                    EXPECT_EQ(cut.Image().pixel(x, y), clip.Contains({x, y}) ? pixel : White);
+                    if (const double off = DistanceTo(way, x + middle, y + middle) - width / 2.0;
+                        std::abs(off) > slack) {
+                        EXPECT_EQ(pixel, off < 0 ? Black : White) << i << " at " << x << "," << y << " off " << off;
+                    }
+                }
+        }
+}
+
+TEST(WidePolyline, CoversASmoothPixelAsFarAsTheStrokeDoes)
+{
+    std::mt19937 random(29);
+    for (int i = 0; i < 40; ++i) {
+        const int width = 4 + 2 * (i % 9);
+        const std::vector<TPoint> way = AnyWay(random, 4);
+        const TRect clip{48, 16, 200, 240};
+        std::vector<TPoint> andBack(20, way.front());  // too many for a closed shape
+        andBack.insert(andBack.end(), way.begin(), way.end());
+        andBack.insert(andBack.end(), way.rbegin(), way.rend());
+        TPixelSheet sheet, again;
+        for (const auto& [at, points] : {std::pair(&sheet, &way), std::pair(&again, &std::as_const(andBack))}) {
+            at->Painter().setRenderHint(QPainter::Antialiasing);
+            at->Painter().scale(0.25, 0.25);
+            TQtDevice(at->Painter(), 4).Polyline(*points, Pen(psSolid, width), {dmCopy, clip});
+        }
+        // Hair lines to and fro are the painter's.
+        EXPECT_TRUE(width == 4 || sheet.Image() == again.Image()) << i;
+        const double shift = std::lround(width / 4.0) % 2 == 0 ? 0 : 2;
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x) {
+                int covered = 0;
+                for (int k = 0; k < 64; ++k)
+                    covered +=
+                        clip.Contains({4 * x, 4 * y}) &&
+                        DistanceTo(way, 4 * x + k % 4 + 0.5 - shift, 4 * y + (k / 4 + 0.5) / 4 - shift) < width / 2.0;
+                EXPECT_NEAR(255 - qGreen(sheet.Image().pixel(x, y)), covered * 255 / 64.0, 9) << i;
+            }
+    }
+}
+
+TEST(WidePolyline, IsTheSameFromThePainterButForEdges)
+{
+    std::mt19937 random(31);
+    for (int i = 0; i < 40; ++i) {
+        const std::vector<TPoint> way = AnyWay(random, 1);
+        TPixelSheet own;
+        own.Device().Polyline(way, Pen(psSolid, 2 + i % 9), {});
+        QPixmap other(64, 64);
+        other.fill(Qt::white);
+        {
+            QPainter painter(&other);
+            TQtDevice(painter).Polyline(way, Pen(psSolid, 2 + i % 9), {});
+        }
+        const QImage there = other.toImage();
+        int differing = 0;
+        for (int y = 0; y < 64; ++y)
+            for (int x = 0; x < 64; ++x)
+                differing += own.Image().pixel(x, y) != there.pixel(x, y);
+        EXPECT_LT(differing, 0.06 * own.CountOf(Black) + 4) << i;
+    }
 }
 
 TEST(Boxes, ExcludeRightAndBottom)
@@ -250,8 +347,7 @@ TEST(Dashes, FollowTheirPatterns)
         for (int x = 5; x < 60; ++x) {
             expected += period[static_cast<std::size_t>(x - 5) % period.size()];
             drawn += line.Image().pixel(x, 20) == Black ? '#' : '.';
-            // The end of a wide polyline stands half a width before its first point.
-            drawnOn += polyline.Image().pixel(x - width / 2, 20) == Black ? '#' : '.';
+            drawnOn += polyline.Image().pixel(x, 20) == Black ? '#' : '.';
         }
         EXPECT_EQ(drawn, expected);
         EXPECT_EQ(drawnOn, expected);
