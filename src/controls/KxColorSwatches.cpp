@@ -11,7 +11,8 @@ constexpr int ColumnCount = 8, SwatchHeight = 24, Gap = 4;
 void DrawColorSwatch(TCanvas& canvas, const TRect& box, TColor color)
 {
     canvas.Pen = TPen();
-    canvas.Pen.Color = clButtonShadow;
+    // Seen on light and dark grounds, as the shadow of buttons is not.
+    canvas.Pen.Color = clGrayText;
     canvas.Brush = TBrush();
     canvas.Brush.SetColor(color);
     canvas.Rectangle(box.Left, box.Top, box.Right, box.Bottom);
