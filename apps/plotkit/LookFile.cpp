@@ -1,5 +1,6 @@
 #include "plotkit/LookFile.h"
 
+#include "design/LookFiles.h"
 #include "foundation/KxLargeIniFile.h"
 #include "graph/KxAxis.h"
 #include "host/Errors.h"
@@ -55,6 +56,7 @@ void CheckLook(const std::string& fileName)
 
 void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const TFitOptions& fits, const std::string& fileName)
 {
+    CheckLookTarget(fileName);
     TKxLargeIniFile file(fileName);
     graph.SaveOutfit(Section, file);
     EraseWhatIsPlain(file, plain);
@@ -64,19 +66,9 @@ void SaveLook(TKx2DGraph& graph, TKx2DGraph& plain, const TFitOptions& fits, con
 
 std::vector<std::string> LoadLook(TKx2DGraph& graph, const std::string& fileName)
 {
-    CheckLook(fileName);
-    TKxLargeIniFile file(fileName);
-    if (!file.SectionExists(Section))
-        throw EConvertError(fileName + ": no look of a graph, there is no section [" + Section + "]");
-    std::vector<TKxIniProblem> problems;
-    file.SetProblems(&problems);
-    graph.LoadOutfit(Section, file);
+    std::vector<std::string> problems = LoadLookFrom(fileName, graph);
     FollowOwnData(graph);
-    std::vector<std::string> lines;
-    for (const TKxIniProblem& problem : problems)
-        lines.push_back(fileName + ": [" + problem.Section + "] " + problem.Ident + ": \"" + problem.Value +
-                        "\" cannot be used");
-    return lines;
+    return problems;
 }
 
 TFitOptions LoadFits(const std::string& fileName, std::vector<std::string>& notes)

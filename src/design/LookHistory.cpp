@@ -293,9 +293,11 @@ std::size_t TLookHistory::DropWhatIsGone()
 {
     std::size_t dropped = 0;
     for (std::size_t i = FSteps.size(); i-- > 0;) {
-        if (std::erase_if(FSteps[i].Differences, [](const TDifference& one) { return one.IsGone(); }) > 0)
+        TDifferences& differences = FSteps[i].Differences;
+        if (std::erase_if(differences, [](const TDifference& one) { return one.IsGone(); }) > 0)
             ++dropped;
-        if (FSteps[i].Differences.empty())
+        // What came with a change is nothing without it.
+        if (differences.empty() || FSteps[i].Part.IsGone())
             Drop(i);
     }
     return dropped;

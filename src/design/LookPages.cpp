@@ -3,12 +3,15 @@
 #include <algorithm>
 #include <array>
 
+#include "calculated/KxCalculatedSeries.h"
 #include "design/LookTree.h"
+#include "foundation/KxLargeIni.h"
 #include "graph/KxAttached.h"
 #include "graph/KxAxis.h"
 #include "graph/KxGraph2D.h"
 #include "graph/KxResultLabel.h"
 #include "graph/KxResultSource.h"
+#include "host/StringList.h"
 #include "series/KxSeries.h"
 
 namespace plotkit {
@@ -91,20 +94,21 @@ constexpr std::array GraphRows{
     TLookRow{"ShareYAxes", "Derivatives and integrals on the same Y axis"},
 };
 constexpr std::array AxisScaleRows{
-    TLookRow{"Caption", "Caption", leCaption},
-    TLookRow{"ShowCaption", "Show the caption"},
-    TLookRow{"Visible", "Show the axis"},
-    Choice("Scaling", "Scale", ScalingTexts),
-    Choice("StartEnd", "Lower end", EndTexts),
-    When({"Start", "From", leAxisValue}, "StartEnd", "AxFixed"),
-    Choice("StopEnd", "Upper end", EndTexts),
-    When({"Stop", "To", leAxisValue}, "StopEnd", "AxFixed"),
+    TLookRow{"Caption", "Caption", leCaption}, TLookRow{"ShowCaption", "Show the caption"},
+    TLookRow{"Visible", "Show the axis"},      Choice("Scaling", "Scale", ScalingTexts),
+    Choice("StartEnd", "Lower end", EndTexts), When({"Start", "From", leAxisValue}, "StartEnd", "AxFixed"),
+    Choice("StopEnd", "Upper end", EndTexts),  When({"Stop", "To", leAxisValue}, "StopEnd", "AxFixed"),
     TLookRow{"Twisted", "Reversed"},
+};
+constexpr std::array AxisPlaceRows{
     Choice("Position", "Position", PositionTexts),
     When(Pixels("Left", "From the left", MaxPlace, -MaxPlace), "Position", "AxFreeFloating"),
     When(Pixels("Top", "From the top", MaxPlace, -MaxPlace), "Position", "AxFreeFloating"),
+    TLookRow{"AutoSize", "As wide as needed"},
     TLookRow{"IsSlaveAxis", "Follows another axis"},
     When({"MasterAxis", "Followed axis"}, "IsSlaveAxis", "True"),
+    TLookRow{"Transparent", "Transparent"},
+    When({"Color", "Background"}, "Transparent", "False"),
 };
 constexpr std::array AxisTickRows{
     TLookRow{"AutoTicks", "Automatic"},
@@ -129,9 +133,6 @@ constexpr std::array AxisLabelRows{
     Pixels("BorderCaptionGap", "Gap behind the caption", MaxPixels),
     Pixels("ExponentScalingsGap", "Gap to the exponent", MaxPixels),
     Pixels("ValuesTicksGap", "Gap between labels", MaxPixels),
-    TLookRow{"AutoSize", "Automatic size"},
-    TLookRow{"Transparent", "Transparent"},
-    When({"Color", "Background"}, "Transparent", "False"),
 };
 constexpr std::array SeriesRows{
     TLookRow{"Caption", "Caption", leCaption},
@@ -144,7 +145,7 @@ constexpr std::array ErrorRows{
 };
 constexpr std::array BarRows{
     TLookRow{"BarHorizontal", "Horizontal"},
-    Number("BarsGapPercent", "Gap on both sides", 0, 100, "%"),
+    Number("BarsGapPercent", "Gap between bars", 0, 100, "%"),
     TLookRow{"ShiftOverlays", "Series beside each other"},
     TLookRow{"StackOverlays", "Series on top of each other"},
     TLookRow{"Show3DBars", "With depth"},
@@ -176,7 +177,7 @@ constexpr std::array CurveRows{
 };
 constexpr std::array LabelRows{
     TLookRow{"Caption", "Text", leCaption},
-    TLookRow{"Identifier", "Result"},
+    TLookRow{"Identifier", "Result", leResult},
     Number("Digits", "Digits", 0, 18),
     TLookRow{"Series", "Of"},
     Choice("Alignment", "Alignment", AlignmentTexts),
@@ -195,13 +196,15 @@ constexpr std::array LegendRows{
     TLookRow{"Transparent", "Transparent"},
     When({"Color", "Background"}, "Transparent", "False"),
     TLookRow{"ClickHides", "A click hides the series"},
+    TLookRow{"AutoSize", "As large as needed"},
+};
+constexpr std::array LegendSpaceRows{
     Pixels("SampleWidth", "Width of the samples", MaxPixels),
     Pixels("SampleCaptionGap", "Gap behind the samples", MaxPixels),
     Pixels("RowGap", "Gap between rows", MaxPixels),
     Pixels("ColumnGap", "Gap between columns", MaxPixels),
     Pixels("InsideGap", "Gap inside the frame", MaxPixels),
     Pixels("OutsideGap", "Gap outside the frame", MaxPixels),
-    TLookRow{"AutoSize", "Automatic size"},
 };
 
 constexpr std::array GraphPages{
@@ -219,6 +222,7 @@ constexpr std::array AxisPages{
     TLookPage{"Labels", "", AxisLabelRows},
     TLookPage{"Label font", "Font.", FontRows},
     TLookPage{"Caption font", "CaptionFont.", FontRows},
+    TLookPage{"Place", "", AxisPlaceRows},
 };
 constexpr std::array SeriesPages{
     TLookPage{"Series", "", SeriesRows},
@@ -236,6 +240,7 @@ constexpr std::array LabelPages{
 };
 constexpr std::array LegendPages{
     TLookPage{"Legend", "", LegendRows},
+    TLookPage{"Spacing", "", LegendSpaceRows},
     TLookPage{"Font", "Font.", FontRows},
     TLookPage{"Frame", "FrameLine.", LineRows},
 };
@@ -286,6 +291,20 @@ std::string LookRowName(TComponent& component, std::string_view path)
             if (page.PathOf(row) == path)
                 return std::string(row.Text) + (page.Prefix.empty() ? "" : " (" + std::string(page.Text) + ")");
     return std::string(path);
+}
+
+std::vector<std::string> LookResults(const TComponent& label)
+{
+    const auto* result = dynamic_cast<const TKxResultLabel*>(&label);
+    auto* series = result ? dynamic_cast<TKxCalculatedSeries*>(result->GetSeries()) : nullptr;
+    if (!series)
+        return {};
+    constexpr const char* section = "Results";
+    TKxIniList list;
+    TStringList names;
+    series->WriteResults(list, section);
+    list.ReadSection(section, names);
+    return names.Lines();
 }
 
 std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component, const std::string& path)

@@ -26,6 +26,7 @@ enum TLookEditor : std::uint8_t
     lePointSymbol,  ///< symbol by its picture
     leAxisValue,    ///< a real, or a date and time where the axis shows dates
     leTenths,       ///< an integer in tenths of what is shown
+    leResult,       ///< name of a result of the label's series
 };
 
 struct TLookRow
@@ -59,6 +60,9 @@ bool IsLookRowEnabled(TComponent& component, const TLookPage& page, const TLookR
 
 /// What a property is called in messages: "Width (Line)"; the path itself for one that no page shows.
 std::string LookRowName(TComponent& component, std::string_view path);
+
+/// Names of the results that a label can show.
+std::vector<std::string> LookResults(const TComponent& label);
 
 /// Components of the graph that a link of one of its parts can be set to, in the order of the outline.
 std::vector<TComponent*> LookCandidates(TKx2DGraph& graph, TComponent& component, const std::string& path);

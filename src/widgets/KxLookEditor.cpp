@@ -21,7 +21,7 @@ namespace plotkit {
 
 namespace {
 
-constexpr int TreeWidth = 190, PagesWidth = 550, Height = 520;
+constexpr int TreeWidth = 210, PagesWidth = 550, Height = 520;
 
 TComponent* PartOf(const QTreeWidgetItem* item)
 {
@@ -121,7 +121,14 @@ TKxLookEditor::TKxLookEditor(QWidget* parent) : QDialog(parent)
         if (!FIsFilling && index >= 0)
             FPageName = FPages->tabText(index);
     });
-    connect(new QShortcut(Qt::Key_F2, FTree), &QShortcut::activated, this, [this] { EditCaption(); });
+    connect(new QShortcut(Qt::Key_F2, this), &QShortcut::activated, this, [this] { EditCaption(); });
+    for (const auto& [key, step] : {std::pair(Qt::Key_PageDown, 1), std::pair(Qt::Key_PageUp, -1)}) {
+        const auto turn = [this, pages = step] {
+            const int count = std::max(FPages->count(), 1);
+            FPages->setCurrentIndex((FPages->currentIndex() + pages + count) % count);
+        };
+        connect(new QShortcut(Qt::CTRL | key, this), &QShortcut::activated, this, turn);
+    }
     resize(TreeWidth + PagesWidth, Height);
     Refresh();
 }

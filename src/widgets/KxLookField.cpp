@@ -137,6 +137,26 @@ TKxLookField NewPlainText(const TKxLookFieldWish& wish, QWidget* parent)
     return {edit, false, [edit](const TLookValue& value) { edit->setText(TextOf(value)); }, true};
 }
 
+/// Names are chosen; others may be typed, for results that come later.
+TKxLookField NewResult(const TKxLookFieldWish& wish, QWidget* parent)
+{
+    auto* box = new QComboBox(parent);
+    box->setEditable(true);
+    box->setInsertPolicy(QComboBox::NoInsert);
+    LetShrink(*box);
+    const auto choose = [box, edited = wish.OnEdited] { edited(Text(box->currentText()), false); };
+    QObject::connect(box, &QComboBox::activated, box, choose);
+    QObject::connect(box->lineEdit(), &QLineEdit::editingFinished, box, choose);
+    return {box, false, [box, &part = wish.Part](const TLookValue& value) {
+                const QSignalBlocker quiet(box);
+                box->clear();
+                for (const std::string& name : LookResults(part))
+                    box->addItem(QString::fromStdString(name));
+                box->setCurrentIndex(box->findText(TextOf(value), Qt::MatchFixedString));
+                box->setEditText(TextOf(value));
+            }};
+}
+
 TKxLookField NewFontName(const TKxLookFieldWish& wish, QWidget* parent)
 {
     auto* box = new QFontComboBox(parent);
@@ -308,6 +328,8 @@ TKxLookField NewLookField(const TKxLookFieldWish& wish, QWidget* parent)
             return NewAxisValue(wish, parent);
         case leTenths:
             return NewTenths(wish, parent);
+        case leResult:
+            return NewResult(wish, parent);
         case leByKind:
             break;
     }

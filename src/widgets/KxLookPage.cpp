@@ -49,6 +49,7 @@ TKxLookPage::TKxLookPage(std::shared_ptr<TLookHistory> history, TComponent& part
     for (const TLookRow& row : page.Rows)
         if (HasLookRow(part, page, row))
             Add(*rows, row, recent);
+    LineUp();
     setWidget(sheet);
     setWidgetResizable(true);
     setFrameShape(QFrame::NoFrame);
@@ -67,8 +68,6 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
     field.Widget->setObjectName(QString::fromStdString(path));
     if (field.Widget->accessibleName().isEmpty())
         field.Widget->setAccessibleName(text);
-    const int compact = CompactLetters * fontMetrics().averageCharWidth();
-    field.Widget->setMinimumWidth(field.HasOwnText ? 0 : compact);
     if (!field.IsWide)
         field.Widget->setSizePolicy(QSizePolicy::Maximum, field.Widget->sizePolicy().verticalPolicy());
     QLabel* label = nullptr;
@@ -90,6 +89,20 @@ void TKxLookPage::Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& r
     }
     FFields.push_back({&row, path, std::move(field), label, {}});
     Show(FFields.back());
+}
+
+void TKxLookPage::LineUp()
+{
+    int width = CompactLetters * fontMetrics().averageCharWidth();
+    for (const bool isSetting : {false, true})
+        for (const TField& field : FFields) {
+            if (field.Field.HasOwnText || field.Field.IsWide)
+                continue;
+            if (isSetting)
+                field.Field.Widget->setMinimumWidth(width);
+            else
+                width = std::max(width, field.Field.Widget->sizeHint().width());
+        }
 }
 
 /// The first letter of a word if possible; nothing when all are taken.

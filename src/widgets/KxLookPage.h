@@ -42,6 +42,7 @@ private:
 
     bool HasPart() const { return !FAlive.expired() && FHistory->Graph(); }
     void Add(QFormLayout& rows, const TLookRow& row, TKxRecentColors& recent);
+    void LineUp();
     QString WithMnemonic(const QString& text);
     bool IsStale(const TField& field) const;
     void Edit(std::size_t index, const TLookValue& value, bool joins);

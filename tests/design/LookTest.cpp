@@ -100,6 +100,49 @@ TEST_F(TLook, EveryRowOfThePagesBelongsToAClass)
         EXPECT_TRUE(found.contains(key)) << "no class has " << key.first;
 }
 
+TEST_F(TLook, EveryPublishedPropertyIsOnAPageOrLeftOutForAReason)
+{
+    const std::set<std::string> leftOut{
+        "Left",
+        "Top",
+        "Width",
+        "Height",
+        "Align",  // decided by the layout unless a page has them
+        "Cursor",
+        "Hint",
+        "ShowHint",
+        "Enabled",
+        "AutoZoom",  // how a program works, not how it looks
+        "Font.Charset",
+        "Font.Pitch",
+        "ParentFont",
+        "ParentColor",  // follow from the font and colour that are chosen
+        "CaptionFont.Charset",
+        "CaptionFont.Pitch",
+        "TitleFont.Charset",
+        "TitleFont.Pitch",
+        "PrimaryXAxis",
+        "PrimaryYAxis",  // would send the axes to other sides
+        "DoCovariance",  // results, not the look
+    };
+    const std::set<std::string> ofOthers{"TKxLabel.AutoSize", "TKxResultLabel.AutoSize", "TKx2DGraph.Visible"};
+    for (const TClassInfo* info : AllClasses()) {
+        const std::unique_ptr<TComponent> part(info->Create ? info->Create(nullptr) : nullptr);
+        const auto pages = part ? LookPages(*part) : std::vector<TLookPage>();
+        std::set<std::string> shown;
+        for (const TLookPage& page : pages)
+            for (const TLookRow& row : page.Rows)
+                shown.insert(page.PathOf(row));
+        for (const TLookPath& path : pages.empty() ? std::vector<TLookPath>() : LookPaths(*part)) {
+            const std::string name = std::string(info->Name) + "." + path.Text;
+            const bool isOfPanel = name.starts_with("TKx2DGraph.Font.");  // nothing is written in it
+            EXPECT_TRUE(shown.contains(path.Text) || leftOut.contains(path.Text) || ofOthers.contains(name) ||
+                        isOfPanel)
+                << name;
+        }
+    }
+}
+
 TEST_F(TLook, EditsUndoneGiveTheSameSavedLookAndRedoneTheChangedOne)
 {
     for (const unsigned seed : {1, 2, 3, 4, 5, 6, 7, 8, 87, 150}) {
@@ -173,6 +216,50 @@ TEST_F(TLook, AFailedChangeAndAVanishedPartLoseNothing)
     delete &Part("Start");
     history.Revert();
     EXPECT_NE(dynamic_cast<TKxSeries&>(Part("Decay")).GetCaption(), "b");
+}
+
+TEST_F(TLook, StepsGoOnInAGraphMadeAnew)
+{
+    TLookHistory history(*Graph);
+    const auto standing = [&](const char* part, const char* path) {
+        return FindLookProperty(Part(part), path).Value();
+    };
+    const auto integer = [](std::int64_t value) { return TLookValue(TPropertyValue(value)); };
+    const TLookValue width = standing("XAxis1", "AxisThicknes"), color = standing("Measured", "LineStyle.Color");
+    history.Change(Part("XAxis1"), "AxisThicknes", integer(3));
+    history.Change(Part("Decay"), "Caption", TPropertyValue(std::string("gone")));
+    history.Apply();
+    history.Change(Part("Measured"), "LineStyle.Color", integer(ColorToInt(clGray)));
+    history.Hold();
+    Read();
+    EXPECT_FALSE(history.CanUndo());
+    delete &Part("Decay");
+    EXPECT_EQ(history.GoOnWith(*Graph, [](TColor old) { return old == clGray ? clBlue : old; }), 1U);
+    EXPECT_EQ(standing("XAxis1", "AxisThicknes"), integer(3));
+    EXPECT_EQ(standing("Measured", "LineStyle.Color"), integer(ColorToInt(clBlue)));
+    history.Revert();
+    EXPECT_EQ(standing("Measured", "LineStyle.Color"), color);
+    EXPECT_EQ(standing("XAxis1", "AxisThicknes"), integer(3));
+    history.Undo();
+    EXPECT_EQ(standing("XAxis1", "AxisThicknes"), width);
+    EXPECT_FALSE(history.CanUndo());
+    history.Redo();
+    history.Redo();
+    EXPECT_FALSE(history.CanRedo());
+    EXPECT_EQ(standing("Measured", "LineStyle.Color"), integer(ColorToInt(clBlue)));
+}
+
+TEST_F(TLook, PlacesDoNotDependOnTheScreen)
+{
+    TLookHistory history(*Graph);
+    const TLookValue before = FindLookProperty(Part("Slope1"), "Top").Value();
+    history.Change(Part("Slope1"), "Top", TPropertyValue(std::int64_t{31}));
+    Form->SetPixelScale(2);
+    EXPECT_EQ(FindLookProperty(Part("Slope1"), "Top").Value(), TLookValue(TPropertyValue(std::int64_t{31})));
+    history.Undo();
+    EXPECT_EQ(FindLookProperty(Part("Slope1"), "Top").Value(), before);
+    EXPECT_EQ(dynamic_cast<TControl&>(Part("Slope1")).GetTop(),
+              2 * std::get<std::int64_t>(std::get<TPropertyValue>(before)));
 }
 
 TEST_F(TLook, OutlineAndPartUnderThePointer)

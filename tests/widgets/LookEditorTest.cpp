@@ -3,6 +3,7 @@
 
 #include <QCheckBox>
 #include <QComboBox>
+#include <QFile>
 #include <QLabel>
 #include <QLineEdit>
 #include <QPushButton>
@@ -215,6 +216,104 @@ TEST_F(TLookEditor, ADoubleClickOpensThePartButADragDoesNot)
     EXPECT_TRUE(Editor.isVisible());
     EXPECT_EQ(Editor.Part(), &Axis());
     EXPECT_EQ(Editor.findChild<QTreeWidget*>()->currentItem()->text(0), "X axis: Depth / m");
+
+    const auto& measured = dynamic_cast<TKxSeries&>(Part("Measured"));
+    const auto middle = [](const TRect& box) { return TPoint{(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2}; };
+    const auto boundsOf = [&](const char* name) { return dynamic_cast<TControl&>(Part(name)).Bounds(); };
+    const std::pair<TPoint, TComponent*> places[] = {
+        {{measured.RealToIntX(2.5), measured.RealToIntY(255)}, &Part("Decay")},
+        {middle(boundsOf("Legend1")), &Part("Legend1")},
+        {middle(boundsOf("Slope1")), &Part("Slope1")},
+        {{measured.RealToIntX(4.5), measured.RealToIntY(700)}, Graph},
+        {middle(boundsOf("YAxis1")), &Part("YAxis1")},
+    };
+    for (const auto& place : places) {
+        const QPoint at = At(place.first.X, place.first.Y);
+        DoubleClick(at, at);
+        EXPECT_EQ(Editor.Part(), place.second) << place.second->GetName();
+    }
+}
+
+TEST_F(TLookEditor, FieldsFollowAZoomAndUndoLeavesIt)
+{
+    for (const char* end : {"StartEnd", "StopEnd"})
+        Editor.History()->Change(Axis(), end, TPropertyValue(std::int64_t{AxFixed}));
+    auto& stop = Field<TKxFloatEditWidget>("XAxis1", "Stop");
+    Editor.findChild<QTreeWidget*>()->setFocus();
+    const std::string before = Saved();
+    Editor.History()->Change(Axis(), "TickLength", TPropertyValue(std::int64_t{9}));
+    const TRect data = Graph->World().DataRect();
+    Graph->ZoomTo({data.Left, data.Top, data.Left + data.Width() / 2, data.Bottom});
+    View->grab();
+    QTest::qWait(1);
+    EXPECT_EQ(stop.GetValue(), Axis().GetStop());
+    const double zoomed = Axis().GetStop();
+    Editor.History()->Undo();
+    EXPECT_EQ(Axis().GetStop(), zoomed);
+    Axis().ZoomBack();
+    dynamic_cast<TKxAxis&>(Part("YAxis1")).ZoomBack();
+    View->grab();
+    EXPECT_EQ(Saved(), before);
+}
+
+TEST_F(TLookEditor, AGraphMadeAnewKeepsTheStepsAndEditorsDoNotMeet)
+{
+    TKxLookEditor other;
+    const TReadResult read =
+        ReadComponentTree(ReadWholeFile(PLOTKIT_SOURCE_DIR "/tests/corpus/regression_results.form"), AllClasses());
+    const std::unique_ptr<TForm> second(dynamic_cast<TForm*>(read.Root));
+    auto* graph = dynamic_cast<TKx2DGraph*>(second->FindComponent("Graph1"));
+    other.SetGraph(graph);
+    Editor.History()->Change(*Graph, "DataColor", TPropertyValue(std::int64_t{0xFF}));
+    EXPECT_FALSE(other.History()->CanUndo());
+    EXPECT_NE(graph->GetDataColor(), clRed);
+
+    Editor.Open(Axis());
+    Editor.History()->Change(Part("Decay"), "IncludeInLegend", TPropertyValue(false));
+    Form.reset();
+    View.reset();
+    delete second->FindComponent("Decay");
+    Editor.GoOnWith(*graph);
+    EXPECT_TRUE(Message().contains("cannot be undone")) << Message().toStdString();
+    EXPECT_EQ(Editor.Part(), second->FindComponent("XAxis1"));
+    graph->SetDataColor(clRed);
+    Editor.History()->Undo();
+    EXPECT_NE(graph->GetDataColor(), clRed);
+    EXPECT_FALSE(Editor.History()->CanUndo());
+}
+
+TEST_F(TLookEditor, FilesThatAreNoLooksSayItAndLoseNothing)
+{
+    const QTemporaryDir folder;
+    const auto write = [&](const char* name, const QByteArray& text) {
+        QFile file(folder.filePath(name));
+        EXPECT_TRUE(file.open(QIODevice::WriteOnly));
+        file.write(text);
+        return file.fileName().toStdString();
+    };
+    Editor.Open(*Graph);
+    const std::string before = Saved();
+    for (const std::string& file : {write("a.csv", "x,y\n1,2\n"), write("b.ini", QByteArray("\0\xFF[\x80", 4)),
+                                    write("c.ini", ""), folder.path().toStdString()}) {
+        Editor.LoadFrom(file);
+        EXPECT_TRUE(Message().contains(QString::fromStdString(file))) << file << Message().toStdString();
+        EXPECT_EQ(Saved(), before);
+        EXPECT_FALSE(Editor.History()->CanUndo());
+    }
+    Editor.LoadFrom(write("half.ini", "[Graph]\nShowTitle=1\nColor=red\nDataColor=\n[Graph.XAx"));
+    EXPECT_TRUE(Message().contains("Color: \"red\" cannot be used")) << Message().toStdString();
+    EXPECT_TRUE(Graph->GetShowTitle());
+    Editor.History()->Undo();
+    EXPECT_EQ(Saved(), before);
+
+    for (const std::string& file : {folder.filePath("a.csv").toStdString(), std::string("/nowhere/look.ini"),
+                                    folder.filePath("b.ini").toStdString()}) {
+        Editor.SaveTo(file);
+        EXPECT_TRUE(Message().contains(QString::fromStdString(file))) << Message().toStdString();
+    }
+    EXPECT_EQ(ReadWholeFile(folder.filePath("a.csv").toStdString()), "x,y\n1,2\n");
+    Editor.SaveTo(folder.filePath("c.ini").toStdString());
+    EXPECT_EQ(Message(), "");
 }
 
 TEST_F(TLookEditor, LoadsAndSavesAndOutlivesPartsAndGraph)

@@ -3,9 +3,11 @@
 #include <QApplication>
 #include <QClipboard>
 #include <QComboBox>
+#include <QContextMenuEvent>
 #include <QDropEvent>
 #include <QLabel>
 #include <QListWidget>
+#include <QMenu>
 #include <QMimeData>
 #include <QPlainTextEdit>
 #include <QScreen>
@@ -167,6 +169,74 @@ TEST_F(WindowTest, ALookEditedByHandOutlivesTheGraph)
     EXPECT_EQ(editor->Graph(), dark);
     editor->History()->Undo();
     EXPECT_FALSE(editor->Graph()->GetShowTitle());
+}
+
+TEST_F(WindowTest, StepsOutliveAReloadAndScalesAreWhatTheAxesShow)
+{
+    Action("Look")->trigger();
+    auto* editor = dynamic_cast<TKxLookEditor*>(Window->findChild<QDialog*>("look"));
+    const auto axis = [&]() -> TKxAxis& { return *editor->Graph()->GetPrimaryYAxis(); };
+    const auto checked = [&] {
+        QString texts;
+        for (QMenu* menu : Window->findChildren<QMenu*>())
+            if (menu->title() == "&Y scale") {
+                emit menu->aboutToShow();
+                for (QAction* action : menu->actions())
+                    texts += action->isChecked() ? action->text().remove('&') : "";
+            }
+        return texts;
+    };
+    const auto choose = [&](const char* text) {
+        for (QMenu* menu : Window->findChildren<QMenu*>())
+            for (QAction* action : menu->title() == "&Y scale" ? menu->actions() : QList<QAction*>())
+                if (action->text().remove('&') == text)
+                    return action->trigger();
+    };
+    EXPECT_EQ(checked(), "Automatic");
+    editor->History()->Change(axis(), "AxisThicknes", TPropertyValue(std::int64_t{3}));
+    editor->History()->Change(axis(), "Scaling", TPropertyValue(std::int64_t{AxLog}));
+    EXPECT_EQ(checked(), "Logarithmic");
+    Action("Reload")->trigger();
+    Settle();
+    EXPECT_EQ(axis().GetAxisThicknes(), 3);
+    EXPECT_EQ(checked(), "Logarithmic");
+    for (const auto& [text, scaling] : {std::pair("Automatic", AxNormal), std::pair("Logarithmic", AxLog)}) {
+        choose(text);
+        Settle();
+        EXPECT_EQ(axis().GetScaling(), scaling) << text;
+        EXPECT_EQ(checked(), text);
+    }
+    editor->History()->Undo();
+    EXPECT_EQ(axis().GetScaling(), AxNormal);
+    EXPECT_EQ(checked(), "Linear");
+    editor->History()->Undo();
+    EXPECT_EQ(axis().GetAxisThicknes(), 0);
+    Action("Reload")->trigger();
+    Settle();
+    EXPECT_EQ(axis().GetAxisThicknes(), 0);
+    EXPECT_EQ(checked(), "Automatic");
+}
+
+TEST_F(WindowTest, TheContextMenuOpensThePartUnderIt)
+{
+    const auto open = [&](const TPoint& at) {
+        const QPoint place(at.X, at.Y);
+        QContextMenuEvent asked(QContextMenuEvent::Mouse, place, View().mapToGlobal(place));
+        QApplication::sendEvent(&View(), &asked);
+        QMenu* const menu = View().findChild<QMenu*>();
+        menu->actions().back()->trigger();
+        menu->hide();
+        return dynamic_cast<TKxLookEditor*>(Window->findChild<QDialog*>("look"));
+    };
+    Settle();
+    TKxLookEditor* const editor = open({2, 2});
+    ASSERT_NE(editor, nullptr);
+    EXPECT_EQ(editor->Part(), editor->Graph());
+    for (TKxAxis* axis : {editor->Graph()->GetPrimaryXAxis(), editor->Graph()->GetPrimaryYAxis()}) {
+        const TRect box = axis->Bounds();
+        open({(box.Left + box.Right) / 2, (box.Top + box.Bottom) / 2});
+        EXPECT_EQ(editor->Part(), axis);
+    }
 }
 
 TEST_F(WindowTest, ColumnsScalesAndColoursMakeAnotherGraph)

@@ -1,5 +1,6 @@
 #include <QFileDialog>
 
+#include "graph/KxAxis.h"
 #include "plotkit/ColourScheme.h"
 #include "plotkit/window/MainWindow.h"
 #include "widgets/KxLookEditor.h"
@@ -94,6 +95,26 @@ void TMainWindow::KeepEditedLook(bool always)
         return;
     FLook->History()->Hold();
     FLookGoesOn = true;
+}
+
+void TMainWindow::SetScale(bool isX, TScaleChoice scale)
+{
+    TKx2DGraph* const graph = FDocument->Plot().Graph;
+    TKxAxis& axis = isX ? *graph->GetPrimaryXAxis() : *graph->GetPrimaryYAxis();
+    const TKxAxScaling before = axis.GetScaling();
+    Rebuild([&] {
+        try {
+            // A scale of the look is not to stand in the way.
+            axis.SetScaling(FDocument->ScalingFor(isX, scale));
+            KeepEditedLook(!FDocument->Options().LookFile.empty());
+            const TOptions& options = FDocument->Options();
+            FDocument->SetScales(isX ? scale : options.XScale, isX ? options.YScale : scale);
+        } catch (...) {
+            if (FDocument->Plot().Graph == graph)
+                axis.SetScaling(before);
+            throw;
+        }
+    });
 }
 
 void TMainWindow::RefreshDates()

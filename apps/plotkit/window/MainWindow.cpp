@@ -313,26 +313,6 @@ void TMainWindow::ViewChanged()
         FNewLayout->start();
 }
 
-void TMainWindow::SetScale(bool isX, TScaleChoice scale)
-{
-    TKx2DGraph* const graph = FDocument->Plot().Graph;
-    TKxAxis& axis = isX ? *graph->GetPrimaryXAxis() : *graph->GetPrimaryYAxis();
-    const TKxAxScaling before = axis.GetScaling();
-    Rebuild([&] {
-        try {
-            // A scale of the look is not to stand in the way.
-            axis.SetScaling(FDocument->ScalingFor(isX, scale));
-            KeepEditedLook(!FDocument->Options().LookFile.empty());
-            const TOptions& options = FDocument->Options();
-            FDocument->SetScales(isX ? scale : options.XScale, isX ? options.YScale : scale);
-        } catch (...) {
-            if (FDocument->Plot().Graph == graph)
-                axis.SetScaling(before);
-            throw;
-        }
-    });
-}
-
 void TMainWindow::SetColours(TSchemeChoice colours)
 {
     SetWindowColours(colours);
