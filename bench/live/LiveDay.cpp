@@ -99,9 +99,11 @@ public:
     void Report(long hour)
     {
         const auto wall = Sorted(&TFrame::Wall), cpu = Sorted(&TFrame::Cpu);
-        std::printf("%4ld %11ld %9ld kB %9.1f %9.3f %9.3f %9.3f %9.3f\n", hour, FNext, ResidentKilobytes(),
-                    FFeeding * 1e9 / (PairsPerSecond * SecondsPerHour), wall[wall.size() / 2], wall.back(),
-                    cpu[cpu.size() / 2], cpu.back());
+        const double median = cpu[cpu.size() / 2];
+        const long slow = cpu.end() - std::upper_bound(cpu.begin(), cpu.end(), 2 * median);
+        std::printf("%4ld %11ld %9ld kB %9.1f %9.3f %9.3f %9.3f %9.3f %9ld\n", hour, FNext, ResidentKilobytes(),
+                    FFeeding * 1e9 / static_cast<double>(PairsPerSecond) / static_cast<double>(FFrames.size()),
+                    wall[wall.size() / 2], wall.back(), median, cpu.back(), slow);
         std::fflush(stdout);
         FFrames.clear();
         FFeeding = 0;
@@ -152,9 +154,13 @@ int main(int count, char** arguments)
     const long hours = count > 2 ? std::atol(arguments[2]) : 24;
     TLiveDay day(newest);
     std::printf(
-        "newest %d\nhour       pairs    resident   ns/pair    median       max   cpu med   cpu max  (frame, ms)\n",
+        "newest %d; hour 0 fills the vectors; frames in ms, slow: twice the median CPU time\n"
+        "hour       pairs    resident   ns/pair    median       max   cpu med   cpu max      slow\n",
         newest);
-    long lost = 0;
+    for (long second = 0; second <= newest / PairsPerSecond; ++second)
+        day.RunSecond();
+    day.Report(0);
+    long lost = day.Lost();
     for (long hour = 1; hour <= hours; ++hour) {
         for (long second = 0; second < SecondsPerHour; ++second)
             day.RunSecond();
