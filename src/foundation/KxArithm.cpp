@@ -1,7 +1,11 @@
 #include "foundation/KxArithm.h"
 
 #include <algorithm>
+#include <array>
+#include <charconv>
 #include <cmath>
+#include <limits>
+#include <optional>
 #include <string>
 #include <utility>
 
@@ -20,6 +24,42 @@ constexpr std::size_t MantissaStart = 1, MantissaLength = 16, ExponentStart = 18
 /// Share of a step that a value may lie beyond a multiple of the step without counting as beyond it.
 constexpr double StepTolerance = 0.001;
 constexpr double AbsoluteTolerance = 1e-9;
+
+/// A number whose shortest text has up to 15 digits: `Digits` * 10^`LastAt`, positive, the first one at 10^`FirstAt`.
+struct TShortDecimal
+{
+    std::int64_t Digits = 0;
+    int FirstAt = 0, LastAt = 0;
+};
+
+/// Most numbers of axes are short. Their shortest digits are those that rounding to 15 would leave.
+std::optional<TShortDecimal> ShortDecimalOf(double x)
+{
+    constexpr int mostDigits = 15;
+    // The shortest digits of a number next to 0 say less than those of its value.
+    if (x != 0 && std::fabs(x) < std::numeric_limits<double>::min())
+        return std::nullopt;
+    std::array<char, 32> text{};
+    const char* const end =
+        std::to_chars(text.data(), text.data() + text.size(), std::fabs(x), std::chars_format::scientific).ptr;
+    TShortDecimal decimal;
+    int count = 0;
+    const char* at = text.data();
+    for (; *at != 'e'; ++at)
+        if (*at != '.') {
+            decimal.Digits = 10 * decimal.Digits + (*at - '0');
+            if (++count > mostDigits)
+                return std::nullopt;
+        }
+    ++at;
+    std::from_chars(at + (*at == '+'), end, decimal.FirstAt);
+    decimal.LastAt = decimal.FirstAt - count + 1;
+    return decimal;
+}
+
+/// Powers of ten that doubles hold exactly.
+constexpr std::array ExactPowers{1e0,  1e1,  1e2,  1e3,  1e4,  1e5,  1e6,  1e7,  1e8,  1e9,  1e10, 1e11,
+                                 1e12, 1e13, 1e14, 1e15, 1e16, 1e17, 1e18, 1e19, 1e20, 1e21, 1e22};
 
 double StepsTowardsZero(double value, double step)
 {
@@ -94,6 +134,8 @@ int GetExponent(double x)
 {
     if (!std::isfinite(x))
         return 0;
+    if (const auto decimal = ShortDecimalOf(x))
+        return decimal->FirstAt;
     return static_cast<int>(ParseInteger(FormatScientific(x).substr(ExponentStart)).value_or(0));
 }
 
@@ -101,6 +143,14 @@ double ExpMinus(double x, int n)
 {
     if (!std::isfinite(x))
         return x;
+    if (const auto decimal = ShortDecimalOf(x)) {
+        // One operation on two exact numbers rounds once, as reading the digits would (Clinger, 1990).
+        const std::int64_t shift = std::int64_t{decimal->LastAt} - n;
+        const auto places = static_cast<std::size_t>(std::abs(shift));
+        const auto digits = static_cast<double>(x < 0 ? -decimal->Digits : decimal->Digits);
+        if (places < ExactPowers.size())
+            return shift < 0 ? digits / ExactPowers[places] : digits * ExactPowers[places];
+    }
     const std::string text = FormatScientific(x);
     const long long exponent = ParseInteger(text.substr(ExponentStart)).value_or(0) - n;
     const std::string shifted =

@@ -38,6 +38,8 @@ TEST(KxArithm, Exponents)
 TEST(KxArithm, ExpMinusKeepsDecimalDigits)
 {
     EXPECT_EQ(ExpMinus(1e300, -300), 1e300);
+    EXPECT_EQ(ExpMinus(0.1 + 0.2, 1), 0.03) << "rounded to 15 digits";
+    EXPECT_EQ(ExpMinus(5e-324, -324), 4.94065645841247);
     EXPECT_EQ(ExpMinus(2, std::numeric_limits<int>::min()), 2);
     EXPECT_EQ(ExpMinus(2, std::numeric_limits<int>::max()), 0);
     std::mt19937 random(3);
