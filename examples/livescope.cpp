@@ -52,6 +52,9 @@ int main(int argc, char** argv)
     auto* graph = new TKx2DGraph(&form);
     graph->SetParent(&form);
     graph->SetAlign(alClient);
+    graph->GetPrimaryXAxis()->SetUserCaption("t / s");
+    graph->GetPrimaryXAxis()->SetDoUserCaption(true);
+    graph->GetPrimaryXAxis()->SetShowCaption(true);
     std::vector<TKxRealVector*> columns;
     for (int i = 0; i < 3; ++i) {
         columns.push_back(new TKxLiveVector(&form));
