@@ -148,10 +148,16 @@ void TKxFittedLine::CalculateFunction()
 void TKxFittedLine::SetPrms(double xMin, double xMax, const TKxCustomRealVector& x, const TKxCustomRealVector& y,
                             const TKxCustomRealVector* w)
 {
+    SetPrms(xMin, xMax, x.Values(), y.Values(), w);
+}
+
+void TKxFittedLine::SetPrms(double xMin, double xMax, std::span<const double> xs, std::span<const double> ys,
+                            const TKxCustomRealVector* w)
+{
     FFitX.clear();
     FFitY.clear();
     FFitW.clear();
-    const std::span<const double> xs = x.Values(), ys = y.Values(), ws = w ? w->Values() : xs;
+    const std::span<const double> ws = w ? w->Values() : xs;
     const std::size_t count = std::min({xs.size(), ys.size(), ws.size()});
     for (std::size_t i = 0; i < count; ++i) {
         if (!(xMin <= xs[i] && xs[i] <= xMax) || !std::isfinite(xs[i]) || !std::isfinite(ys[i]) ||
@@ -192,7 +198,7 @@ void TKxFittedLine::DoFit()
     const TRestore<bool> fitting(FIsFitting, true);
     try {
         const TKxNotCalculatedSeries& parent = *GetParentSeries();
-        SetPrms(GetCalculationStart(), GetCalculationStop(), *parent.GetXData(), *parent.GetYData(), GetWeight());
+        SetPrms(GetCalculationStart(), GetCalculationStop(), parent.XValues(), parent.YValues(), GetWeight());
         TKxSimplexFit simplex(TKxMisfit(GetFittingFunction(), FitPoints(), FInverse), FVariables.Span());
         Iterate(simplex);
         if (!std::isfinite(FChiSquare))

@@ -74,6 +74,8 @@ protected:
                  const TKxCustomRealVector* w);
 
 private:
+    void SetPrms(double xMin, double xMax, std::span<const double> xs, std::span<const double> ys,
+                 const TKxCustomRealVector* w);
     bool HasData() const;
     void CompileExpression();
     void ResizeVariables();

@@ -45,7 +45,7 @@ int TKxRealStore::Push(int i, double value)
     Drop(before - left);
     FDropped += static_cast<std::uint64_t>(gone - (before - left));  // of the gap in front of the value
     CheckCount(end);
-    double* const values = Write();
+    double* const values = WriteNew();
     std::fill(values + left, values + end - 1, 0);
     values[end - 1] = value;
     return end - 1;
@@ -71,7 +71,7 @@ void TKxRealStore::Append(std::span<const double> values)
     Drop(static_cast<int>(held.size() - first));
     FDropped += skipped;
     CheckCount(static_cast<int>(first + added));
-    std::copy_n(values.data() + skipped, added, Write() + first);
+    std::copy_n(values.data() + skipped, added, WriteNew() + first);
 }
 
 int TKxRealStore::Open(int i)
@@ -98,7 +98,7 @@ void TKxRealStore::Close(int i)
 void TKxRealStore::SetCount(int n)
 {
     FCount = std::max(n, 0);
-    ++FVersion;
+    Edited();
     if (FCount == 0)
         Filled();
 }
@@ -116,7 +116,7 @@ void TKxRealStore::Replace(TKxRealArray values)
     FValues = std::move(values);
     FStart = 0;
     FCount = static_cast<int>(FValues.Length());
-    ++FVersion;
+    Edited();
     Filled();
     Drop(std::max(FCount - FLimit, 0));
     ReserveFor(FCount);
@@ -135,7 +135,7 @@ void TKxRealStore::Refill(TKxRealArray values)
     }
     FValues = std::move(values);
     FCount = static_cast<int>(count);
-    ++FVersion;
+    Edited();
     Filled();
     while (FCapacity <= FCount)
         FCapacity = SumOf(FCapacity, FIncrement);
@@ -153,7 +153,7 @@ void TKxRealStore::SetNewest(int newest)
     FLimit = newest > 0 ? std::min(newest, MostCount) : MostCount;
     if (FCount > FLimit) {
         Drop(FCount - FLimit);
-        ++FVersion;
+        Edited();
     }
     if (!IsRing() || FValues.Length() > 2 * RingLength(FLimit))
         MoveBack();

@@ -28,6 +28,7 @@ public:
     TKxRealArray Array() const;
 
     std::uint64_t Version() const { return FVersion; }
+    std::uint64_t EditedAt() const { return FEditedAt; }
     std::uint64_t Dropped() const { return FDropped; }
     std::uint64_t FilledAt() const { return FFilledAt; }
     std::uint64_t DroppedAtFill() const { return FDroppedAtFill; }
@@ -41,7 +42,7 @@ public:
 
     double* Write()
     {
-        ++FVersion;
+        Edited();
         return FValues.Write() + FStart;
     }
     /// The index at which the value stands, `i` but in a ring; ERangeError for indexes out of range.
@@ -49,8 +50,10 @@ public:
     {
         if (i < 0 || i >= FLimit || (i > FCount && IsRing()))
             return Push(i, value);
+        if (i < FCount)
+            FEditedAt = FVersion + 1;
         CheckCount(i + 1);
-        Write()[i] = value;
+        WriteNew()[i] = value;
         return i;
     }
     void Append(std::span<const double> values);
@@ -79,6 +82,13 @@ private:
             GrowFor(n);
         FCount = n > FCount ? n : FCount;
     }
+    void Edited() { FEditedAt = ++FVersion; }
+    /// For values behind those that are there.
+    double* WriteNew()
+    {
+        ++FVersion;
+        return FValues.Write() + FStart;
+    }
     int Push(int i, double value);
     void Drop(int count);
     void Filled();
@@ -88,7 +98,7 @@ private:
 
     TKxRealArray FValues;    ///< elements that were ever written; the rest of the capacity is zero
     std::size_t FStart = 0;  ///< of the valid elements; 0 but in a ring
-    std::uint64_t FVersion = 0, FDropped = 0, FTakenDrop = 0, FFilledAt = 0, FDroppedAtFill = 0;
+    std::uint64_t FVersion = 0, FEditedAt = 0, FDropped = 0, FTakenDrop = 0, FFilledAt = 0, FDroppedAtFill = 0;
     int FCount = 0;
     int FCapacity = 50;
     int FIncrement = 50;

@@ -45,6 +45,9 @@ public:
     /// Tells whether elements that were there have changed since: it grows with every change, by one for each
     /// `SetValue` and `Append`, so that those who count the notes see whether they heard of all.
     std::uint64_t Version() const { return FStore.Version(); }
+    /// The version at which elements that were there changed last, but for those that went at the front. Those who
+    /// know all of a version still know them when that is no later.
+    std::uint64_t EditedAt() const { return FStore.EditedAt(); }
     /// How many values were pushed out at the front since the vector was made: of two vectors that get their values in
     /// step, the difference tells which of them belong together.
     std::uint64_t Dropped() const { return FStore.Dropped(); }

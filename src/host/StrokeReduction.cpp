@@ -64,7 +64,8 @@ double DistanceOf(TPoint p, TPoint from, TPoint to)
 /// Adds those points that matter (Douglas and Peucker, 1973), but for the first one.
 void AddCorners(std::span<const TPoint> points, double slack, std::vector<TPoint>& kept)
 {
-    double furthest = slack * slack;
+    constexpr double rounding = 1e-6;  // or points of a straight line would stay
+    double furthest = slack * slack + rounding;
     std::size_t corner = 0;
     for (std::size_t i = 1; i + 1 < points.size(); ++i)
         if (const double distance = DistanceOf(points[i], points.front(), points.back()); distance > furthest) {

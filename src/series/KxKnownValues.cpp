@@ -92,7 +92,7 @@ void TKxKnownValues::ValueChanged(const TKxCustomRealVector& vector, int skip, i
 
 void TKxKnownValues::Check(const TKxCustomRealVector& vector, int skip)
 {
-    if (FVersion != vector.Version())
+    if (FVersion && *FVersion < vector.EditedAt())
         Clear();
     GoTo(vector.Dropped() + static_cast<std::uint64_t>(skip));
     FVersion = vector.Version();

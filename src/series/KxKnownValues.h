@@ -48,7 +48,7 @@ public:
     TKxPlacedExtremes Extremes(const TKxCustomRealVector& vector, int skip, int count);
 
 private:
-    /// Forgets everything when the vector has changed unheard.
+    /// Forgets everything when values that were there have changed unheard; others may have come.
     void Check(const TKxCustomRealVector& vector, int skip);
     void GoTo(std::uint64_t place);
 

@@ -106,7 +106,8 @@ void TKxNearestPoint::ValueChanged(int index, bool wasDeleted)
 {
     const auto at = static_cast<std::size_t>(index);
     FollowDrops();
-    if (wasDeleted || index < 0) {
+    // Where the oldest values are passed over, indexes are not those of the points.
+    if (wasDeleted || index < 0 || FSkips) {
         FKnown = 0;
         return;
     }
@@ -167,6 +168,7 @@ TKxNearestPoint::TOrder TKxNearestPoint::Order()
     if (FKnown == 0 || FOrder != orNone)
         FOrder = OrderOfNew(xs);
     FKnown = xs.size();
+    FSkips = FSeries->XValues().data() != FVector->Values().data();
     FPlace = xs.data();
     FFirst = xs.front();
     FLast = xs.back();

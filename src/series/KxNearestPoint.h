@@ -90,6 +90,7 @@ private:
     std::size_t FKnown = 0;      ///< the order is that of so many values
     std::uint64_t FDropped = 0;  ///< by the vector
     const double* FPlace = nullptr;
+    bool FSkips = false;           ///< the oldest values have no partner and are no points
     double FFirst = 0, FLast = 0;  ///< of the known ones
 };
 

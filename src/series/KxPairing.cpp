@@ -12,6 +12,17 @@ int AsInt(std::uint64_t n)
     return static_cast<int>(std::min<std::uint64_t>(n, std::numeric_limits<int>::max()));
 }
 
+/// Whether two vectors that nobody followed got their values side by side. If not, one was filled from what the other
+/// had left.
+bool CameInStep(const TKxCustomRealVector& x, const TKxCustomRealVector& y)
+{
+    const auto xCount = static_cast<std::uint64_t>(x.GetCount()), yCount = static_cast<std::uint64_t>(y.GetCount());
+    const std::uint64_t xGone = x.Dropped() - x.DroppedAtFill(), yGone = y.Dropped() - y.DroppedAtFill();
+    if (xCount == 0 || yCount == 0 || xGone + xCount == yGone + yCount)
+        return true;
+    return xCount != yCount && xGone + xCount > yGone && yGone + yCount > xGone;
+}
+
 }  // namespace
 
 void TKxPairing::TSide::Begin(const TKxCustomRealVector& vector, bool fromFill)
@@ -29,6 +40,14 @@ void TKxPairing::TSide::SkipTo(std::uint64_t gone)
 
 void TKxPairing::Begin(const TKxCustomRealVector& x, const TKxCustomRealVector& y)
 {
+    const bool isFirstLook = FX.FilledAt == NeverFilled && FY.FilledAt == NeverFilled;
+    if (isFirstLook && !CameInStep(x, y)) {
+        FX.Dropped = x.Dropped();
+        FY.Dropped = y.Dropped();
+        FX.Begin(x, false);
+        FY.Begin(y, false);
+        return;
+    }
     const bool isXFilled = FX.IsFilled(x), isYFilled = FY.IsFilled(y);
     FX.Begin(x, isXFilled || FX.IsNew);
     FY.Begin(y, isYFilled || FY.IsNew);

@@ -8,7 +8,8 @@
 namespace plotkit {
 
 /// Pairs are counted from where both vectors were filled or cleared as a whole, or else from where the first value of
-/// one stood when the other was. A vector that is one append ahead of the other has dropped more values; the partners
+/// one stood when the other was; vectors that are new here count as filled together unless their numbers of values
+/// contradict. A vector that is one append ahead of the other has dropped more values; the partners
 /// of those are left out.
 class TKxPairing
 {

@@ -179,6 +179,8 @@ void TKxSeries::SetYData(TKxCustomRealVector* vector)
 
 void TKxSeries::DataLinked()
 {
+    // Vectors are in step now; at the next note one of them will be ahead.
+    FollowPairs();
     if (IsDesigning())
         DsgnUpdate();
     else

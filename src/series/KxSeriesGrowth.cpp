@@ -1,5 +1,7 @@
 #include "series/KxSeriesGrowth.h"
 
+#include <algorithm>
+
 #include "graph/KxAxis.h"
 #include "graph/KxDraw.h"
 #include "graph/KxGraph2D.h"
@@ -34,6 +36,18 @@ void DrawNearSegments(std::span<const TPoint> run, const TRect& near, TCanvas& c
         if (i - first > 1)
             canvas.Polyline(run.subspan(first, i - first));
     }
+}
+
+/// A wide line of few points has sharp corners while it is a closed figure, round ones before and after that.
+constexpr std::size_t FigureLength = 18;
+
+/// Whether a line that gets points behind the first `drawn` ones may close a figure, or no longer be one.
+bool MayBeFigure(std::span<const TPoint> points, std::size_t drawn)
+{
+    const std::size_t first = drawn - std::min(FigureLength, drawn);
+    const auto end = points.subspan(first, std::min(2 * FigureLength, points.size() - first));
+    const auto isLess = [](TPoint a, TPoint b) { return a.X < b.X; };
+    return !std::is_sorted(end.begin(), end.end(), isLess) && !std::is_sorted(end.rbegin(), end.rend(), isLess);
 }
 
 }  // namespace
@@ -76,8 +90,10 @@ std::optional<TRect> TKxSeries::GrownLine(int before)
     const int reach = LineReach(World()->Px(FLineStyle.GetWidth()));
     const auto line = IsDashed(FLineStyle.GetStyle()) ? std::nullopt : LongLine();
     if (!line) {
-        const auto first = static_cast<std::size_t>(before) - std::min(Redrawn, static_cast<std::size_t>(before));
-        return WidenedBox(BoxAroundPresent(Points().Values().subspan(first)), reach);
+        const auto points = Points().Values();
+        const auto drawn = static_cast<std::size_t>(before);
+        const std::size_t again = MayBeFigure(points, drawn) ? FigureLength : Redrawn;
+        return WidenedBox(BoxAroundPresent(points.subspan(drawn - std::min(again, drawn))), reach);
     }
     if (!FDrawnLine.IsCurrent || FDrawnLine.Count != static_cast<std::size_t>(before))
         return std::nullopt;

@@ -31,17 +31,13 @@ private:
     {
         TAge() = default;
         explicit TAge(const TKxCustomRealVector* vector)
-            : Version(vector ? vector->Version() : 0), Count(vector ? vector->GetCount() : 0)
+            : Version(vector ? vector->Version() : 0),
+              EditedAt(vector ? vector->EditedAt() : 0),
+              Dropped(vector ? vector->Dropped() : 0)
         {}
-        /// A version for each value is what adding one by one costs; whole arrays cost less.
-        bool IsGrownFrom(const TAge& before) const
-        {
-            return Count >= before.Count &&
-                   Version - before.Version <= static_cast<std::uint64_t>(Count - before.Count);
-        }
+        bool IsGrownFrom(const TAge& before) const { return EditedAt <= before.Version && Dropped == before.Dropped; }
 
-        std::uint64_t Version = 0;
-        int Count = 0;
+        std::uint64_t Version = 0, EditedAt = 0, Dropped = 0;
     };
 
     TAge FX, FY;

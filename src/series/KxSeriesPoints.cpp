@@ -201,6 +201,7 @@ void TKxSeries::FollowPairs()
     if (gone == 0)
         return;
     FPointsNeedRecalc = FChildsNeedRecalc = true;
+    FGrowth.Forget();
     FDrawnLine.Forget();
     FPoints.Clear();
     FPointsCount = std::max(FPointsCount - gone, 0);
@@ -240,7 +241,7 @@ bool TKxSeries::FollowNewest(bool isX, int index)
 
 void TKxSeries::ValueChanged(bool isX, int index, bool wasDeleted)
 {
-    const TRestore growing(FOnlyGrows, OnlyGrows(index, wasDeleted));
+    const TRestore growing(FOnlyGrows, OnlyGrows(index - (isX ? FX : FY).Skip, wasDeleted));
     FChildsNeedRecalc = true;
     FHasTold = false;
     FollowPairs();

@@ -80,6 +80,11 @@ TEST_F(TFittedLineTest, FindsTheCoefficientsAndPublishesThem)
     read.ReadFromIni(list, "Fit");
     ASSERT_EQ(read.GetOrder(), 2);
     EXPECT_NEAR(read.GetVariables()[0], 2, 1e-6);
+
+    Y->SetNewest(6);  // the first abscissae have no partner any more
+    EXPECT_EQ(Calculate(), "");
+    EXPECT_EQ(Line->PointCount(), 6);
+    EXPECT_NEAR(Line->GetVariables()[0], 2, 1e-6);
 }
 
 TEST_F(TFittedLineTest, AHandlerWatchesAndStopsTheFit)

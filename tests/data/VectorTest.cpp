@@ -2,6 +2,7 @@
 
 #include <gtest/gtest.h>
 
+#include <functional>
 #include <memory>
 #include <random>
 
@@ -92,6 +93,34 @@ TEST(RealVector, SharesArraysUntilOneIsWritten)
     a.Take(std::move(values));
     EXPECT_EQ(a.Values().data(), place);
     EXPECT_EQ(a.GetCapacity(), 1050);
+}
+
+TEST(RealVector, TellsValuesThatCameFromThoseThatChanged)
+{
+    TKxRealVector vector(nullptr);
+    vector.SetNewest(5);
+    for (const auto& change :
+         std::vector<std::function<void()>>{[&] {
+                                                vector.Append(TReals{1, 2, 3, 4});
+                                            },
+                                            [&] { vector.Add(5); }, [&] { vector.Add(6); },
+                                            [&] { vector.SetValue(7, 1); }, [&] { vector.Append(TReals(9, 1)); }}) {
+        const auto before = vector.Version();
+        change();
+        EXPECT_LE(vector.EditedAt(), before);
+        EXPECT_GT(vector.Version(), before);
+    }
+    for (const auto& change :
+         std::vector<std::function<void()>>{[&] { vector.SetValue(4, 1); }, [&] { vector.Insert(2, 1); },
+                                            [&] { vector.Delete(1); }, [&] { vector.SetNewest(3); },
+                                            [&] {
+                                                vector.Assign(TReals{7, 8});
+                                            },
+                                            [&] { vector.Clear(); }}) {
+        const auto before = vector.Version();
+        change();
+        EXPECT_GT(vector.EditedAt(), before);
+    }
 }
 
 TEST(LiveVector, TellsOfEachChange)

@@ -173,13 +173,16 @@ TEST(ClipGeometryTest, ColumnsKeepWhatIsSeenOfALine)
         for (const TPoint& p : line)
             ASSERT_LE(DistanceTo({1.0 * p.X, 1.0 * p.Y}, rest), column) << round;
     }
-    std::vector<TPoint> curve, noise;
+    std::vector<TPoint> curve, noise, straight;
     for (int i = 0; i < 1000; ++i) {
+        straight.push_back({3, i});
         curve.push_back({3 * i, i * i / 100});
         noise.push_back({i / 8, i == 500 ? 900 : i * 7919 % 32});
     }
     KeepColumns(curve, column, kept);
     EXPECT_EQ(kept, curve);
+    KeepColumns(straight, column / 2, kept);
+    EXPECT_EQ(kept.size(), 2U);
     KeepColumns(noise, column, kept);
     EXPECT_LE(kept.size(), 40U);
     const auto spike = std::find(kept.begin(), kept.end(), noise[500]);

@@ -195,6 +195,12 @@ constexpr TLook Looks[] = {
          s.Graph->World().SetStopMarkerX(180);
          s.Graph->World().ShowStartStopMarkers();
      }},
+    {"rings",
+     [](TScene& s) {
+         for (TKxLiveVector* vector : {s.Lines[0].X, s.Lines[0].Y})
+             vector->SetNewest(720);
+     },
+     false},
     {"area", [](TScene& s) { s.Lines[0].Series->GetAreaStyle().SetVisible(true); }, false},
 };
 
@@ -234,6 +240,31 @@ TEST(ShownPicture, GrowsToThePixelsOfAWholePicture)
                 }
                 EXPECT_GE(twins.Whole.Counter->Paints, 8);
             }
+}
+
+TEST(ShownPicture, SeesChangesThatLookLikeGrowth)
+{
+    TTwins twins;
+    twins.Do(PutAxes);
+    twins.Do([](TScene& s) {
+        s.Lines[0].Y->SetNewest(200);
+        s.Lines[1].Series->GetLineStyle().SetWidth(9);
+    });
+    TGrower grower(Walk, 3, 0.5);
+    grower.Append(twins, 0, 400, true);
+    // A figure of few points has sharp corners while it is closed.
+    for (const TPoint p : {TPoint{50, 0}, {250, -80}, {250, 80}, {52, 10}, {50, 0}, {40, -5}, {35, -6}}) {
+        twins.Do([&](TScene& s) {
+            s.Lines[1].X->Add(p.X);
+            s.Lines[1].Y->Add(p.Y);
+        });
+        EXPECT_TRUE(twins.AreEqual()) << p.X;
+    }
+    twins.Do([](TScene& s) {
+        s.Lines[0].X->Append(std::vector(50, 250.0));
+        s.Lines[0].X->SetValue(350, 110);  // a point that is drawn; those before 200 have no partner
+    });
+    EXPECT_TRUE(twins.AreEqual());
 }
 
 /// Everything else that happens to a graph meanwhile.

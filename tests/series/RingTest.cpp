@@ -1,6 +1,7 @@
 #include <cmath>
 #include <random>
 
+#include "series/KxNearestPoint.h"
 #include "series/SeriesFixture.h"
 
 namespace plotkit {
@@ -182,6 +183,34 @@ TEST_F(TRingTest, CursorAndChildrenSeeWholePairs)
     Ring.Y->Append(TReals{7, 8});
     EXPECT_EQ(Ring.Series->XValues().front(), 153) << "what is filled anew begins with the first one";
     EXPECT_EQ(Ring.Series->YValues().front(), 7);
+}
+
+TEST_F(TRingTest, SeriesThatComeLaterSeeTheSamePairs)
+{
+    Begin(100);
+    for (const int late : {0, 60}) {  // one vector was filled from what the other had left
+        const int places = static_cast<int>(Below(50));
+        for (int i = 0; i < 100 + places + late; ++i) {
+            Ring.X->Add(i);
+            Ring.Y->Add(i);
+        }
+        if (late > 0)
+            Ring.Y->Assign(Ring.X->Values());
+        Ring.Series->SetXData(nullptr);
+        Ring.Series->SetXData(Ring.X);
+        Ring.X->Append(TReals{500, 501, 502});
+        const auto xs = Ring.Series->XValues(), ys = Ring.Series->YValues();
+        ASSERT_EQ(ys.size(), 97U);
+        EXPECT_TRUE(std::equal(ys.begin(), ys.end(), xs.begin()));
+        Ring.Y->Append(TReals{500, 501, 502});
+    }
+    Ring.Y->SetNewest(50);
+    Ring.Form->Picture();
+    TKxNearestPoint points(*Ring.Series);
+    const auto place = [&](int i) { return Ring.Series->GetXAxis()->RealToIntPosition(Ring.X->GetValue(i)); };
+    points.Find(place(99), std::nullopt);
+    Ring.X->SetValue(80, 1000);  // no longer in order
+    EXPECT_EQ(points.Find(place(96), std::nullopt), 46);
 }
 
 }  // namespace
