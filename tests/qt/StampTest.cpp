@@ -91,9 +91,10 @@ TEST(Stamp, OfShapesThatDependOnTheirPlaceIsReplayed)
 TEST(Lines, DrawWhatEachLineDraws)
 {
     std::vector<TPoint> ends = RandomPoints(400);
-    for (std::size_t i = 4; i < ends.size(); i += 4)  // along rows and columns
-        ends[i] = i % 8 ? TPoint{ends[i - 1].X, ends[i].Y} : TPoint{ends[i].X, ends[i - 1].Y};
-    ends.insert(ends.end(), {{5, 5}, {5, 5}, {-2000000000, 9}, {2000000000, 9}});
+    ends.erase(ends.begin());
+    for (std::size_t i = 1; i < ends.size(); i += 4)  // along rows and columns
+        ends[i] = i % 8 == 1 ? TPoint{ends[i - 1].X, ends[i].Y} : TPoint{ends[i].X, ends[i - 1].Y};
+    ends.insert(ends.end(), {{5, 5}, {5, 5}, {-2000000000, 9}, {2000000000, 9}, {9, 3}, {9, 2147483647}});
     for (const TPenState& pen :
          {TPenState{clBlue, psSolid, 1}, TPenState{clBlue, psDash, 1}, TPenState{clRed, psSolid, 3}}) {
         TPixelSheet together(100, 100), apart(100, 100);
