@@ -155,7 +155,7 @@ double SecondsSince(TClock::time_point& start)
 class TPhases
 {
 public:
-    explicit TPhases(TForm& form, int width, int height) : FForm(form), FImage(width, height, QImage::Format_RGB32) {}
+    TPhases(TForm& form, int width, int height) : FForm(form), FImage(width, height, QImage::Format_RGB32) {}
 
     template <class TAppend>
     void Frame(TAppend append)
